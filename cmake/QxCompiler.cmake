@@ -1,0 +1,20 @@
+# Compiler settings that every target of the project shares, as one interface target.
+
+add_library(qx_options INTERFACE)
+target_compile_options(qx_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast
+  # Results of float arithmetic are part of the interface: no fused multiply-add.
+  -ffp-contract=off)
+if(QX_WERROR)
+  target_compile_options(qx_options INTERFACE -Werror)
+endif()
+if(QX_SANITIZE)
+  target_compile_options(qx_options INTERFACE
+    -fsanitize=${QX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(qx_options INTERFACE -fsanitize=${QX_SANITIZE})
+endif()
+
+find_program(QX_CCACHE ccache)
+if(QX_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${QX_CCACHE}")
+endif()
