@@ -1,10 +1,9 @@
 #pragma once
 
-#include <unicode/unistr.h>
-
 #include <istream>
 
 #include "qxcommon/export.h"
+#include "qxcommon/text.h"
 
 namespace QXCommonNS {
 
@@ -39,16 +38,16 @@ class QX_EXPORT QXUri {
     ~ContentInfo();
 
     /// The media type, lower-cased and without parameters ("font/woff"); empty for local files.
-    icu::UnicodeString contentType;
+    UnicodeString contentType;
   };
 
   /// The empty URI; its text is empty.
   QXUri();
-  QXUri(const icu::UnicodeString& text, URISTRTYPE type);
+  QXUri(const UnicodeString& text, URISTRTYPE type);
   /// Resolves `relative` against `base`: what stands behind the last separator of `base` is
   /// dropped first, so a file as base means its folder, and a folder as base must end in a
   /// separator. An absolute `relative` (separator first, drive, or scheme) wins.
-  QXUri(const QXUri& base, const icu::UnicodeString& relative, URISTRTYPE type);
+  QXUri(const QXUri& base, const UnicodeString& relative, URISTRTYPE type);
   QXUri(const QXUri&);
   QXUri& operator=(const QXUri&);
   virtual ~QXUri();
@@ -65,32 +64,32 @@ class QX_EXPORT QXUri {
   bool isEmpty() const { return uriText.isEmpty(); }
 
   /// The local path. For a URI that is not local: its text if `uriTextWhenNotLocal`, else empty.
-  icu::UnicodeString getLocalPath(bool uriTextWhenNotLocal) const;
+  UnicodeString getLocalPath(bool uriTextWhenNotLocal) const;
   /// The folder part with its closing separator: a text that ends in a separator itself, and the
   /// empty text for a bare name.
-  icu::UnicodeString getBaseString() const;
+  UnicodeString getBaseString() const;
   /// The last segment; empty behind a closing separator and for `data:` URIs. It equals the text
   /// that the URI was made from exactly when that text is a bare file name.
-  icu::UnicodeString getFileName() const;
+  UnicodeString getFileName() const;
   /// The file name from its last point on, in its own spelling: ".ttf" for "a.ttf" and for ".ttf";
   /// empty when there is no point.
-  icu::UnicodeString getExtension() const;
+  UnicodeString getExtension() const;
   /// Replaces the extension, or appends `extension` to a name without one, and gives the old one.
   /// Without a file name nothing is changed and the result is empty.
-  icu::UnicodeString setExtension(const icu::UnicodeString& extension);
+  UnicodeString setExtension(const UnicodeString& extension);
   /// The same with the text pointed to; null removes the extension.
-  icu::UnicodeString setExtension(const icu::UnicodeString* extension);
+  UnicodeString setExtension(const UnicodeString* extension);
   /// Gives the URI a closing separator where it has none, and gives its text. The empty URI stays
   /// empty, since a separator would make it the root.
-  const icu::UnicodeString& toDirectory();
-  const icu::UnicodeString& getText() const { return uriText; }
+  const UnicodeString& toDirectory();
+  const UnicodeString& getText() const { return uriText; }
 
   /// Opens the resource for reading: a local regular file of less than 4 GiB, or a `data:` URI in
   /// base64 or percent form. The stream can seek; the caller deletes it. Null for a folder, a
   /// pipe or device, a file that cannot be read, and any other scheme; then `info` and `text`,
   /// which may be null, are left as they were. On success they get the content type and the
   /// text of what was opened.
-  std::istream* getIStream(ContentInfo* info, icu::UnicodeString* text) const;
+  std::istream* getIStream(ContentInfo* info, UnicodeString* text) const;
 
   /// The URI of `name` in the folder of the loaded module `module` ("QXFontService13.dll"; a
   /// module linked statically is looked up by the program that holds it). An absolute `name`
@@ -98,14 +97,14 @@ class QX_EXPORT QXUri {
   static QXUri getModuleUri(const char* module, const char* name, const char* reserved);
 
   /// The canonical full text.
-  icu::UnicodeString uriText;
+  UnicodeString uriText;
 
  private:
   enum class Location : unsigned char { local, data, other };
 
-  void takeUserText(const icu::UnicodeString& text);
-  void takeFileUri(const icu::UnicodeString& text);
-  void takeLocalPath(const icu::UnicodeString& path);
+  void takeUserText(const UnicodeString& text);
+  void takeFileUri(const UnicodeString& text);
+  void takeLocalPath(const UnicodeString& path);
 
   Location location_ = Location::local;
 };

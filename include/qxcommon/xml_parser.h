@@ -1,10 +1,9 @@
 #pragma once
 
-#include <unicode/unistr.h>
-
 #include "qxcommon/export.h"
-#include "qxcommon/names.h"
+#include "qxcommon/name.h"
 #include "qxcommon/rc_object.h"
+#include "qxcommon/text.h"
 #include "qxcommon/uri.h"
 
 namespace QXCommonNS {
@@ -26,16 +25,15 @@ class QX_EXPORT QXXmlParser : public QXRCObject {
   virtual QXNameEnum* getName(QXNameEnum* out) = 0;
   /// Sets `*out` to the value of the attribute `name` of the current start tag, the empty text
   /// when it is absent; gives `out`. `scratch` is not looked at and may be null.
-  virtual icu::UnicodeString* getAttribute(icu::UnicodeString* out, QXName* scratch,
-                                           QXName name) = 0;
+  virtual UnicodeString* getAttribute(UnicodeString* out, QXName* scratch, QXName name) = 0;
   /// What the parser stands on: 2 a start tag, 3 an end tag, 1 the end, 0 before the first event.
   virtual int getEventType() = 0;
   /// Moves to the next event and gives its type; 1 at the end of the document, from then on.
   virtual int next() = 0;
   /// Starts reading the resource `uri`. False, with an empty document, when it cannot be opened.
   /// The two texts are reserved.
-  virtual bool open(const QXUri& uri, const icu::UnicodeString& reserved1,
-                    const icu::UnicodeString& reserved2) = 0;
+  virtual bool open(const QXUri& uri, const UnicodeString& reserved1,
+                    const UnicodeString& reserved2) = 0;
 };
 
 }  // namespace QXCommonNS
