@@ -10,6 +10,12 @@ namespace {
 constexpr int kNoCharacter = 0xFFFF;
 constexpr int kEudcEnd = 0x10000;
 
+int nextCodePoint(const char16_t* units, int& at, int length) {
+  const char16_t unit = units[at++];
+  if (!U16_IS_LEAD(unit) || at == length || !U16_IS_TRAIL(units[at])) return unit;
+  return U16_GET_SUPPLEMENTARY(unit, units[at++]);
+}
+
 /// Calls `visit(code point, UTF-16 index)` for each code point; a lone surrogate is one.
 template <class Visit>
 void forEachCodePoint(const icu::UnicodeString& text, Visit visit) {
@@ -17,9 +23,7 @@ void forEachCodePoint(const icu::UnicodeString& text, Visit visit) {
   const int length = text.length();
   for (int at = 0; at < length;) {
     const int index = at;
-    char32_t code = 0;
-    U16_NEXT(units, at, length, code);
-    visit(static_cast<int>(code), index);
+    visit(nextCodePoint(units, at, length), index);
   }
 }
 
