@@ -11,7 +11,7 @@ namespace QXFontService_NS {
 
 /// A file extension, with its point and in lower case, and the kind of file it names.
 struct FontFileExtension {
-  std::string_view extension;
+  std::u16string_view extension;
   FS_FontFileType type;
 };
 

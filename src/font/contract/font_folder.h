@@ -14,7 +14,7 @@ namespace QXFontService_NS {
 /// A folder of fonts, as a URI with a closing separator, and what the configuration says of it.
 class FS_FontFolder : public QXUri {
  public:
-  FS_FontFolder(const UnicodeString& path, unsigned char reserved, bool recursive);
+  FS_FontFolder(const UnicodeString& path, unsigned char reservedValue, bool withSubfolders);
 
   /// The options of a file by its name in any case; null without.
   const FS_FontFileOptions* findOptions(const UnicodeString& fileName) const;

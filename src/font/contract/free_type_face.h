@@ -43,10 +43,7 @@ class FreeTypeFace {
   FT_Face open(const QXUri& uri, QXMemStream* memStream, int index);
 
  private:
-  bool openPath(const QXUri& uri, int index);
-  bool openMemory(const QXUri& uri, QXMemStream* memStream, int index);
-  bool fillBuffer(const QXUri& uri, QXMemStream* memStream);
-  void close();
+  FT_Face openAny(FT_Library library, const QXUri& uri, QXMemStream* memStream, int index);
 
   FreeTypeLibrary library_;
   std::vector<std::byte> buffer_;  // read by the face as long as it lives
