@@ -45,7 +45,7 @@ class QX_EXPORT QXMemStreamBuf : public std::streambuf {
   /// False frees blocks that were read and that the source can give again; see the constructor.
   void setKeepMemory(bool keep);
   /// Forgets the memory that is held, without reading further. A source stays attached: what it
-  /// can give again can be read again.
+  /// can give again can be read again. Both positions are as after `setSource`.
   void abandonBuffer();
   /// The OpenType table checksum of the whole content, wherever the positions stand: the sum,
   /// modulo 2^32, of its big-endian 32-bit words, the last one filled up with zero bytes.
@@ -69,44 +69,51 @@ class QX_EXPORT QXMemStreamBuf : public std::streambuf {
   friend class QXMemStream;
 
   /// A block without memory stands for bytes that the source still gives, or for zero bytes.
+  /// Behind the end of the content the bytes of a block are zero.
   struct Block {
     std::unique_ptr<char[]> bytes;
     bool written = false;
   };
 
+  /// What the source can do is found out at the first need.
+  enum class Source : unsigned char { none, untried, seekable, sequential };
+
   std::uint64_t getPosition() const;
   std::uint64_t putPosition();
   void setGetPosition(std::uint64_t position);
   void setPutPosition(std::uint64_t position);
-  void dropAreas();
+  bool openGetArea();
+  bool openPutArea();
   void noteWritten();
 
-  void measureSource();
+  void trySource();
   void pullTo(std::uint64_t end);
-  std::uint64_t contentEnd(std::uint64_t wanted);
-  bool readsAgain(std::size_t index) const;
+  std::uint64_t knownEnd() const;
   std::size_t readSource(std::uint64_t position, char* out, std::size_t count);
-  std::size_t readDirectly(char* out, std::size_t count);
+  std::size_t readPastBlocks(char* out, std::size_t count);
+  void dropSource();
+
   char* blockAt(std::size_t index);
-  void releaseBlock(std::size_t index);
-  bool openPutArea();
-  bool byteAt(std::uint64_t position, char& out);
-  bool standsAt(std::uint64_t position, const char* text, std::size_t length);
+  bool isHeld(std::size_t index) const;
+  void release(std::size_t index);
+  void forget();
+
+  bool findByte(char byte);
+  bool standsHere(const char* text, std::size_t length);
   void clearState();
 
   std::vector<Block> blocks_;
   std::size_t blockSize_;
   std::unique_ptr<std::istream> owned_;
   std::istream* source_ = nullptr;
-  std::ios* stream_ = nullptr;      // whose state bits the seeking operations clear
-  std::uint64_t size_ = 0;          // end of what is known to be there
-  std::uint64_t sourceLength_ = 0;  // of a source that can seek, once measured
+  std::ios* stream_ = nullptr;      // whose state bits the searching operations clear
+  std::uint64_t heldEnd_ = 0;       // end of what was written, or pulled from the source
+  std::uint64_t sourceLength_ = 0;  // of a source that can seek
   std::uint64_t getStart_ = 0;      // position of eback(), or the get position without an area
-  std::uint64_t putStart_ = 0;      // the same of pbase()
-  bool putAtEnd_ = true;            // until the put position is set or written from
-  bool measured_ = true;            // the length of the source is known
-  bool seekable_ = false;
+  std::uint64_t putStart_ = 0;      // position of pbase(), or the put position without an area
+  bool putAtEnd_ = true;            // the put position has not been set yet
   bool keep_;
+  Source sourceKind_ = Source::none;
 };
 
 }  // namespace QXCommonNS

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <istream>
 
 #include "qxcommon/export.h"
@@ -105,6 +106,14 @@ class QX_EXPORT QXUri {
   void takeUserText(const UnicodeString& text);
   void takeFileUri(const UnicodeString& text);
   void takeLocalPath(const UnicodeString& path);
+
+  /// Where the file name stands in the text.
+  struct NameRange {
+    std::int32_t start;
+    std::int32_t end;
+  };
+  NameRange nameRange() const;
+  std::int32_t extensionStart() const;
 
   Location location_ = Location::local;
 };

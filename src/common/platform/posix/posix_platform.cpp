@@ -1,0 +1,85 @@
+#include "common/platform/posix/posix_platform.h"
+
+#include <cstdlib>
+
+#include "common/platform/font_file_walk.h"
+#include "common/platform/posix/folder_listing.h"
+#include "common/platform/posix/fontconfig_folders.h"
+#include "common/platform/posix/module_path.h"
+#include "common/platform/posix/regular_file.h"
+
+namespace QXCommonNS {
+namespace posix {
+
+std::unique_ptr<std::istream> PosixPlatform::openFile(const std::string& path) {
+  return openRegularFile(path);
+}
+
+FileKind PosixPlatform::fileKind(const std::string& path) {
+  return kindOfPath(path);
+}
+
+bool PosixPlatform::identity(const std::string& path, FileIdentity& out) {
+  return identityOfPath(path, out);
+}
+
+bool PosixPlatform::listFolder(const std::string& path, std::vector<FolderEntry>& out) {
+  return listEntries(path, out);
+}
+
+bool PosixPlatform::knownFolder(KnownFolder, std::string&) {
+  return false;
+}
+
+std::vector<std::string> PosixPlatform::fontFolderCandidates() {
+  std::vector<std::string> folders = {"/usr/share/fonts/", "/usr/local/share/fonts/"};
+  std::string home;
+  if (environment("HOME", home) && !home.empty()) {
+    folders.push_back(home + "/.local/share/fonts/");
+    folders.push_back(home + "/.fonts/");
+  }
+  return folders;
+}
+
+bool PosixPlatform::environment(const char* name, std::string& out) {
+  const char* value = name != nullptr ? std::getenv(name) : nullptr;
+  if (value == nullptr) return false;
+  out = value;
+  return true;
+}
+
+bool PosixPlatform::registryValues(RegistryRoot, std::string_view,
+                                   std::vector<RegistryValue>& out) {
+  out.clear();
+  return false;
+}
+
+std::vector<std::string> PosixPlatform::systemFontFiles() {
+  std::vector<std::string> folders = fontconfigFolders();
+  if (folders.empty()) folders = fontFolderCandidates();
+  return listFontFiles(*this, folders);
+}
+
+std::string PosixPlatform::modulePath(std::string_view stem) {
+  return moduleFolder(stem);
+}
+
+// The variables in the order of POSIX, without the code set: "ja_JP" of "ja_JP.UTF-8".
+std::string PosixPlatform::localeName() {
+  std::string name;
+  for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    if (environment(variable, name) && !name.empty()) break;
+  }
+  name.resize(std::min(name.find_first_of(".@"), name.size()));
+  return name.empty() || name == "C" || name == "POSIX" ? "en_US_POSIX" : name;
+}
+
+}  // namespace posix
+
+FS_Platform& nativePlatform() {
+  // Never destroyed: streams may be opened while static objects are.
+  static FS_Platform& native = *new posix::PosixPlatform;
+  return native;
+}
+
+}  // namespace QXCommonNS
