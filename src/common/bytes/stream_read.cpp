@@ -5,7 +5,7 @@
 namespace QXCommonNS::bytes {
 namespace {
 
-constexpr std::uint64_t kFirstChunk = 64 * 1024;
+constexpr std::uint64_t kFirstChunk = std::uint64_t{64} * 1024;
 
 bool seekTo(std::istream& stream, std::int64_t offset) {
   if (offset < 0) return false;

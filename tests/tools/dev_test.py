@@ -1,0 +1,216 @@
+#!/usr/bin/env python3
+"""Tests of ./dev on a machine made of stand-ins: no package is asked for or installed here."""
+
+import os
+import re
+import shutil
+import subprocess
+import tempfile
+import unittest
+
+ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+
+# What is marked essential in Debian, and so is there before any setup.
+ESSENTIAL = ("awk", "bash", "cat", "dirname", "env", "mkdir", "nproc", "sed", "tail")
+
+
+class DevTest(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.root = folder.name
+        self.log = os.path.join(self.root, "log")
+        self.installed = os.path.join(self.root, "installed")
+        os.mkdir(os.path.join(self.root, "bin"))
+        shutil.copy(os.path.join(ROOT, "dev"), self.root)
+        for name in ESSENTIAL:
+            os.symlink(shutil.which(name), os.path.join(self.root, "bin", name))
+        # Says of each package asked for whether it is installed, as dpkg-query does.
+        self.stand_in("dpkg-query", f'cat "{self.installed}"; exit 1')
+        self.stand_in("apt-get", f'echo "apt-get $* [${{DEBIAN_FRONTEND:-}}]" >>"{self.log}"')
+        self.have()
+        self.user(0)
+
+    def stand_in(self, name, script):
+        path = os.path.join(self.root, "bin", name)
+        with open(path, "w", encoding="utf-8") as file:
+            file.write(f"#!{shutil.which('bash')}\n{script}\n")
+        os.chmod(path, 0o755)
+
+    def user(self, number):
+        self.stand_in("id", f"echo {number}")
+
+    def have(self, *packages):
+        with open(self.installed, "w", encoding="utf-8") as file:
+            file.write("".join(f"{name} installed\n" for name in packages))
+
+    def packages(self, group):
+        """The packages of a group as setup would ask for them on an empty machine."""
+        self.have()
+        self.dev("setup", group)
+        names = self.calls()[-1].split("--no-install-recommends ")[1].split(" [")[0].split()
+        os.remove(self.log)
+        return names
+
+    def calls(self):
+        if not os.path.exists(self.log):
+            return []
+        with open(self.log, encoding="utf-8") as file:
+            return file.read().splitlines()
+
+    def dev(self, *arguments):
+        """Runs ./dev without HOME and with nothing on the path but the stand-ins."""
+        return subprocess.run(
+            [os.path.join(self.root, "dev"), *arguments], capture_output=True, text=True,
+            env={"PATH": os.path.join(self.root, "bin")}, check=False, cwd="/",
+        )
+
+
+class SetupTest(DevTest):
+    def test_nothing_missing_asks_no_package_manager(self):
+        self.have(*self.packages("all"))
+        for group in ("demo", "test", "bench", "all"):
+            self.assertEqual(self.dev("setup", group).returncode, 0)
+        self.assertEqual(self.calls(), [])
+
+    def test_root_updates_once_and_installs_what_is_missing(self):
+        have = self.packages("demo")
+        have.remove("libfmt-dev")
+        have.remove("cmake")
+        self.have(*have)
+        self.assertEqual(self.dev("setup", "demo").returncode, 0)
+        self.assertEqual(self.calls(), [
+            "apt-get update [noninteractive]",
+            "apt-get install -y --no-install-recommends cmake libfmt-dev [noninteractive]",
+        ])
+
+    def test_a_user_goes_through_sudo(self):
+        self.user(1000)
+        self.stand_in("sudo", f'echo "sudo $1 $2" >>"{self.log}"; exec "$@"')
+        self.assertEqual(self.dev("setup", "demo").returncode, 0)
+        calls = self.calls()
+        self.assertEqual(len(calls), 4)
+        self.assertEqual(calls[0], "sudo env DEBIAN_FRONTEND=noninteractive")
+        self.assertTrue(calls[3].endswith("[noninteractive]"))
+
+    def test_a_user_without_sudo_gets_one_line_with_the_command(self):
+        self.user(1000)
+        have = self.packages_as_root("demo")
+        have.remove("cmake")
+        self.have(*have)
+        done = self.dev("setup", "demo")
+        self.assertNotEqual(done.returncode, 0)
+        self.assertEqual(len(done.stderr.splitlines()), 1)
+        self.assertTrue(done.stderr.rstrip().endswith(
+            "apt-get update && apt-get install -y --no-install-recommends cmake"), done.stderr)
+        self.assertEqual(self.calls(), [])
+
+    def packages_as_root(self, group):
+        self.user(0)
+        packages = self.packages(group)
+        self.user(1000)
+        return packages
+
+    def test_a_failed_installation_fails_and_names_the_command(self):
+        self.stand_in("apt-get", '[ "$1" = update ]')
+        done = self.dev("setup", "demo")
+        self.assertNotEqual(done.returncode, 0)
+        self.assertIn("apt-get install -y --no-install-recommends g++", done.stderr)
+
+    def test_a_package_that_was_removed_but_left_its_configuration_is_missing(self):
+        have = self.packages("demo")
+        have.remove("cmake")
+        self.have(*have)
+        with open(self.installed, "a", encoding="utf-8") as file:
+            file.write("cmake config-files\n")
+        self.dev("setup", "demo")
+        self.assertIn("recommends cmake [", self.calls()[-1])
+
+    def test_no_dpkg_is_one_line(self):
+        os.remove(os.path.join(self.root, "bin", "dpkg-query"))
+        done = self.dev("setup")
+        self.assertNotEqual(done.returncode, 0)
+        self.assertEqual(len(done.stderr.splitlines()), 1)
+
+    def test_the_default_group_is_test(self):
+        self.assertEqual(self.packages("test"), self.packages_of_default())
+
+    def packages_of_default(self):
+        self.have()
+        self.dev("setup")
+        return self.calls()[-1].split("--no-install-recommends ")[1].split(" [")[0].split()
+
+    def test_every_group_holds_the_demo_and_names_nothing_twice(self):
+        demo = set(self.packages("demo"))
+        for group in ("test", "bench", "all"):
+            names = self.packages(group)
+            self.assertLess(demo, set(names))
+            self.assertEqual(len(names), len(set(names)))
+
+    def test_all_holds_every_group(self):
+        everything = set(self.packages("all"))
+        for group in ("test", "bench"):
+            self.assertLess(set(self.packages(group)), everything)
+
+    def test_unknown_group(self):
+        self.assertEqual(self.dev("setup", "toast").returncode, 2)
+        self.assertEqual(self.calls(), [])
+
+    def test_each_package_has_its_reason(self):
+        with open(os.path.join(ROOT, "dev"), encoding="utf-8") as file:
+            lists = re.findall(r"<<'LIST'\n(.*?)\nLIST", file.read(), re.DOTALL)
+        self.assertEqual(len(lists), 4)
+        for line in "\n".join(lists).split("\n"):
+            self.assertRegex(line, r"^[a-z0-9+.-]+ {2,}\S.*")
+
+
+class CommandTest(DevTest):
+    def setUp(self):
+        super().setUp()
+        self.have(*self.packages("all"))
+
+    def test_help_names_every_command(self):
+        text = self.dev("help").stdout
+        for name in ("setup", "build", "run", "demo", "test", "lint", "bench", "fuzz", "docs",
+                     "install", "help"):
+            self.assertRegex(text, rf"(?m)^  {name}\b")
+
+    def test_no_command_shows_the_help(self):
+        self.assertEqual(self.dev().stdout, self.dev("help").stdout)
+        self.assertEqual(self.dev().returncode, 0)
+
+    def test_wrong_calls_are_status_2_and_one_line(self):
+        for call in (["frobnicate"], ["build", "fast"], ["test", "--preset", "fast"],
+                     ["test", "--preset"], ["lint", "everything"]):
+            with self.subTest(call=call):
+                done = self.dev(*call)
+                self.assertEqual(done.returncode, 2)
+                self.assertEqual(len(done.stderr.splitlines()), 1, done.stderr)
+
+    def stand_in_build(self, cmake):
+        """A tool to build, a build that runs the given script, and a binary that it leaves."""
+        os.makedirs(os.path.join(self.root, "tools/qxfont"))
+        open(os.path.join(self.root, "tools/qxfont/CMakeLists.txt"), "w").close()
+        self.stand_in("cmake", cmake)
+        binary = os.path.join(self.root, "build/release/tools/qxfont")
+        os.makedirs(binary)
+        self.stand_in("made", 'pwd; printf "<%s>" "$@"; exit 3')
+        shutil.move(os.path.join(self.root, "bin/made"), os.path.join(binary, "qxfont"))
+
+    def test_run_prints_nothing_of_its_own_and_hands_on_the_status(self):
+        self.stand_in_build("echo building; echo warning >&2")
+        done = self.dev("run", "info", "a file.ttf")
+        self.assertEqual(done.stdout, "/\n<info><a file.ttf>")
+        self.assertEqual(done.stderr, "")
+        self.assertEqual(done.returncode, 3)
+
+    def test_run_shows_why_the_build_failed(self):
+        self.stand_in_build("echo no luck; exit 1")
+        done = self.dev("run", "list")
+        self.assertIn("no luck", done.stderr)
+        self.assertEqual(done.stdout, "")
+        self.assertEqual(done.returncode, 125)
+
+
+if __name__ == "__main__":
+    unittest.main()
