@@ -1,0 +1,50 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+
+#include "layout/guard/limits.h"
+#include "layout/guard/spent_budgets.h"
+
+namespace QXFontService_NS::layout {
+
+/// What one call of a driver may still spend on a damaged font: glyph comparisons, and runs of
+/// nested lookups. Once spent, matches fail and nested lookups do nothing.
+class WorkMeter {
+ public:
+  /// For a call that works at one position of `length` glyphs.
+  static WorkMeter forStep(int length) { return WorkMeter(length, kMostNestedRuns); }
+  /// For a call that works at all of `length` glyphs.
+  static WorkMeter forPass(int length) {
+    return WorkMeter(length, std::max(kMostNestedRuns, kNestedRunsPerGlyph * length));
+  }
+
+  /// Takes `count` glyph comparisons; false once they are spent.
+  bool compare(std::int64_t count) {
+    if (comparisons_ < 0) return false;
+    comparisons_ -= count;
+    if (comparisons_ < 0) noteSpent(spentBudgets().comparisons);
+    return comparisons_ >= 0;
+  }
+  /// Takes one run of a nested lookup; false once they are spent.
+  bool runNested() {
+    if (nestedRuns_ < 0) return false;
+    if (--nestedRuns_ < 0) noteSpent(spentBudgets().nestedRuns);
+    return nestedRuns_ >= 0;
+  }
+  /// How many lookups may be in progress within one another.
+  [[nodiscard]] std::size_t nestingLevels() const { return nestingLevels_; }
+
+ private:
+  WorkMeter(int length, std::int64_t nestedRuns)
+      : comparisons_(kMostComparisons + kComparisonsPerGlyph * length),
+        nestedRuns_(nestedRuns),
+        nestingLevels_(std::max(kMostNestingLevels, static_cast<std::size_t>(length))) {}
+
+  std::int64_t comparisons_;
+  std::int64_t nestedRuns_;
+  std::size_t nestingLevels_;
+};
+
+}  // namespace QXFontService_NS::layout
