@@ -81,6 +81,7 @@ class QX_EXPORT QXMemStreamBuf : public std::streambuf {
   std::uint64_t getPosition() const;
   std::uint64_t putPosition();
   void setGetPosition(std::uint64_t position);
+  void leaveGetArea(std::uint64_t position);
   void setPutPosition(std::uint64_t position);
   bool openGetArea();
   bool openPutArea();

@@ -64,8 +64,12 @@ void QXMemStreamBuf::setGetPosition(std::uint64_t position) {
     setg(eback(), eback() + (position - getStart_), egptr());
     return;
   }
-  const bool leaves = eback() != nullptr && position / blockSize_ != getStart_ / blockSize_;
-  if (leaves && !keep_) release(getStart_ / blockSize_);
+  leaveGetArea(position);
+}
+
+void QXMemStreamBuf::leaveGetArea(std::uint64_t position) {
+  const bool leavesBlock = eback() != nullptr && position / blockSize_ != getStart_ / blockSize_;
+  if (leavesBlock && !keep_) release(getStart_ / blockSize_);
   setg(nullptr, nullptr, nullptr);
   getStart_ = position;
 }
@@ -90,10 +94,8 @@ bool QXMemStreamBuf::openGetArea() {
   trySource();
   pullTo(position + 1);
   if (position >= knownEnd()) return false;
-  setGetPosition(position);
+  leaveGetArea(position);
   const std::size_t index = position / blockSize_;
-  if (!keep_ && eback() != nullptr && getStart_ / blockSize_ != index)
-    release(getStart_ / blockSize_);
   char* block = blockAt(index);
   const std::uint64_t start = std::uint64_t{index} * blockSize_;
   const std::uint64_t end = std::min<std::uint64_t>(knownEnd(), start + blockSize_);
