@@ -26,8 +26,8 @@ class QXPtr {
   QXPtr(QXPtr&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
 
   /// A pointer to a base class from one to a derived class.
-  template <class U>
-  requires std::is_convertible_v<U*, T*> QXPtr(const QXPtr<U>& other) : QXPtr(other.get()) {}
+  template <class U, class = std::enable_if_t<std::is_convertible_v<U*, T*>>>
+  QXPtr(const QXPtr<U>& other) : QXPtr(other.get()) {}
 
   ~QXPtr() {
     if (object_ != nullptr) object_->release();
