@@ -17,7 +17,7 @@ class QX_EXPORT QXParser {
   /// | empty or blank | null |
   /// | sign and digits that fit 32 bits, "0x" and hexadecimal digits | integer |
   /// | digits with a point, or too large | real |
-  /// | letter or "_", then letters, digits, "-", "_" | name |
+  /// | letter of ASCII or "_", then letters, digits, "-", "_" | name |
   /// | quoted with U+0022 or U+0027 | text between the marks |
   /// | anything else, such as several tokens or an exponent | the text itself |
   ///

@@ -28,10 +28,10 @@ class QX_EXPORT QXTokenizer {
   ///
   /// A number is a sign, digits with at most one point, and an exponent ("1E-5", ".039625"), or
   /// "0x" and hexadecimal digits. Without point and exponent it is an integer when it fits 32 bits;
-  /// otherwise it is a real, clamped to the range of a double. A letter or underscore and the
-  /// letters, digits, "-" and "_" behind it are a name. What stands between two quotation marks or
-  /// two apostrophes is a text, in which the doubled mark stands for one. Anything else up to the
-  /// next blank is a text as it stands.
+  /// otherwise it is a real, clamped to the range of a double. A blank or the end must follow it.
+  /// A letter of ASCII or "_", and the letters, digits, "-" and "_" behind it, are a name. What
+  /// stands between two quotation marks or two apostrophes is a text, in which the doubled mark
+  /// stands for one. Anything else up to the next blank is a text as it stands.
   /// @return the token; the null value at the end.
   ///
   /// Names are interned for the life of the process: do not feed it words from fonts.

@@ -31,18 +31,20 @@ class QX_EXPORT QXValue {
   };
 
   /// The null value.
-  constexpr QXValue() noexcept : tag_(TAG_NULL), integer_(0) {}
-  constexpr QXValue(int value) noexcept : tag_(TAG_INTEGER), integer_(value) {}
-  constexpr QXValue(double value) noexcept : tag_(TAG_REAL), real_(value) {}
+  constexpr QXValue() noexcept : tag_(TAG_NULL), content_{.integer = 0} {}
+  constexpr QXValue(int value) noexcept : tag_(TAG_INTEGER), content_{.integer = value} {}
+  constexpr QXValue(double value) noexcept : tag_(TAG_REAL), content_{.real = value} {}
   constexpr QXValue(float value) noexcept : QXValue(static_cast<double>(value)) {}
-  constexpr QXValue(QXNameEnum name) noexcept : tag_(TAG_NAME), name_(name) {}
+  constexpr QXValue(QXNameEnum name) noexcept : tag_(TAG_NAME), content_{.name = name} {}
   /// A text. It is not parsed, whatever stands in it; that is what `QXParser` is for.
   QXValue(const UnicodeString& text, QXUnitType unit);
 
-  QXValue(const QXValue& other) noexcept : tag_(TAG_NULL), integer_(0) { copyFrom(other); }
+  QXValue(const QXValue& other) noexcept : tag_(other.tag_), content_(other.content_) {
+    if (isShared()) addReference();
+  }
   QXValue(QXValue&& other) noexcept : QXValue() { swap(other); }
   ~QXValue() {
-    if (isShared()) dropBody();
+    if (isShared()) dropReference();
   }
   QXValue& operator=(const QXValue& other) noexcept {
     QXValue(other).swap(*this);
@@ -101,23 +103,25 @@ class QX_EXPORT QXValue {
 
  private:
   struct Body;  // a text or named items, with a reference count
-
-  explicit QXValue(Tag tag, Body* body) noexcept : tag_(tag), body_(body) {}
+  union Content {
+    int integer;
+    double real;
+    QXNameEnum name;
+    Body* body;
+  };
 
   [[nodiscard]] bool isShared() const { return tag_ >= TAG_STRING; }
   [[nodiscard]] bool isNumber() const { return tag_ == TAG_INTEGER || tag_ == TAG_REAL; }
-  void copyFrom(const QXValue& other) noexcept;
-  void dropBody() noexcept;
-  void swap(QXValue& other) noexcept;
-  Body& ownDictionary();
+  void swap(QXValue& other) noexcept {
+    std::swap(tag_, other.tag_);
+    std::swap(content_, other.content_);
+  }
+  void addReference() const noexcept;
+  void dropReference() const noexcept;
+  [[nodiscard]] Body& ownDictionary();
 
   Tag tag_;
-  union {
-    int integer_;
-    double real_;
-    QXNameEnum name_;
-    Body* body_;
-  };
+  Content content_;
 };
 
 }  // namespace QXCommonNS
