@@ -187,14 +187,14 @@ class CommandTest(DevTest):
                 self.assertEqual(done.returncode, 2)
                 self.assertEqual(len(done.stderr.splitlines()), 1, done.stderr)
 
-    def stand_in_build(self, cmake):
-        """A tool to build, a build that runs the given script, and a binary that it leaves."""
+    def stand_in_build(self, cmake, qxfont='pwd; printf "<%s>" "$@"; exit 3'):
+        """A tool to build, a build that runs the given script, and the binary that it leaves."""
         os.makedirs(os.path.join(self.root, "tools/qxfont"))
         open(os.path.join(self.root, "tools/qxfont/CMakeLists.txt"), "w").close()
         self.stand_in("cmake", cmake)
         binary = os.path.join(self.root, "build/release/tools/qxfont")
         os.makedirs(binary)
-        self.stand_in("made", 'pwd; printf "<%s>" "$@"; exit 3')
+        self.stand_in("made", qxfont)
         shutil.move(os.path.join(self.root, "bin/made"), os.path.join(binary, "qxfont"))
 
     def test_run_prints_nothing_of_its_own_and_hands_on_the_status(self):
@@ -210,6 +210,48 @@ class CommandTest(DevTest):
         self.assertIn("no luck", done.stderr)
         self.assertEqual(done.stdout, "")
         self.assertEqual(done.returncode, 125)
+
+    def test_run_without_a_tool_to_build_says_so(self):
+        done = self.dev("run", "list")
+        self.assertEqual((done.stdout, done.stderr), ("", "dev: qxfont is not there yet\n"))
+        self.assertEqual(done.returncode, 2)
+
+    def stand_in_demo(self, text):
+        os.mkdir(os.path.join(self.root, "examples"))
+        with open(os.path.join(self.root, "examples/demo.txt"), "w", encoding="utf-8") as file:
+            file.write(text)
+        for name in ("pdftoppm", "pdffonts"):
+            self.stand_in(name, f'echo "{name} ${{@: -1}}"')
+
+    def test_demo_explains_each_style_of_its_text_once(self):
+        self.stand_in_build("", 'printf "[%s]" "$@"; echo')
+        self.stand_in_demo(
+            "#font DejaVu Sans:600 22\nA\n\n#font DejaVu Sans 11\nB\n\n#font Lato:italic\nC\n\n"
+            "#font Lato:300:italic 9.5\nD\n\n#font Lato-Light.ttf 12\nE\n\n#fonts are text\n"
+            "\\#font of no paragraph\n#font IPAGothic 14\n#font Lato:italic 30\n")
+        done = self.dev("demo")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        asked = re.findall(r"\[match\](.*)\[--explain\]", done.stdout)
+        self.assertEqual(asked, [
+            "[DejaVu Sans]", "[IPAGothic]", "[DejaVu Sans][--weight][600]", "[Lato][--italic]",
+            "[Lato][--weight][300][--italic]", "[Lato-Light.ttf]",
+        ])
+
+    def test_demo_says_where_its_files_are(self):
+        self.stand_in_build("", "")
+        self.stand_in_demo("text\n")
+        done = self.dev("demo")
+        self.assertIn("build/demo/demo.pdf", done.stdout)
+        self.assertIn("build/demo/demo.png", done.stdout)
+
+    def test_demo_fails_with_the_tool(self):
+        self.stand_in_build("", '[ "$1" = match ] || exit 3')
+        self.stand_in_demo("text\n")
+        self.assertEqual(self.dev("demo").returncode, 3)
+        self.stand_in("made", '[ "$1" != match ] || exit 1')
+        shutil.move(os.path.join(self.root, "bin/made"),
+                    os.path.join(self.root, "build/release/tools/qxfont/qxfont"))
+        self.assertEqual(self.dev("demo").returncode, 1)
 
 
 if __name__ == "__main__":
