@@ -26,10 +26,10 @@ bool startsWithOtto(std::istream& stream) {
   const std::istream::pos_type position = stream.tellg();
   std::array<std::byte, 4> head{};
   const bool whole =
-      bytes::readExact(stream, static_cast<std::int64_t>(std::streamoff(position)), head);
+      QXCommonNS::bytes::readExact(stream, static_cast<std::int64_t>(std::streamoff(position)), head);
   stream.clear();
   stream.seekg(position);
-  return whole && bytes::ByteView(head).u32(0) == kOpenTypeTag;
+  return whole && QXCommonNS::bytes::ByteView(head).u32(0) == kOpenTypeTag;
 }
 
 FS_FontFileType unknownTypeFor(FS_FontFileType hint) {

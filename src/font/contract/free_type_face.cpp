@@ -34,7 +34,7 @@ FT_Face openFromMemory(FT_Library library, const std::vector<std::byte>& bytes, 
 }
 
 std::vector<std::byte> readWhole(std::istream& stream) {
-  return bytes::readBlock(stream, 0, std::numeric_limits<std::uint64_t>::max());
+  return QXCommonNS::bytes::readBlock(stream, 0, std::numeric_limits<std::uint64_t>::max());
 }
 
 std::vector<std::byte> readFile(const QXUri& uri) {
