@@ -24,7 +24,8 @@ class QX_EXPORT QXLang {
 
   [[nodiscard]] const Locale& getLocale() const { return locale_; }
 
-  /// The locale of the process, to be compared with constants such as `Locale::getKorean()`.
+  /// The locale that the system gives the process (on POSIX that of messages), to be compared
+  /// with constants such as `Locale::getKorean()`. What a host sets in ICU does not change it.
   [[nodiscard]] static Locale getDefaultLocale();
 
  private:

@@ -2,34 +2,69 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
+#include "common/platform/platform.h"
+
 namespace QXCommonNS {
 namespace {
 
-/// Puts the process's locale back.
+/// A world that has nothing but a locale.
+class LocalePlatform final : public FS_Platform {
+ public:
+  std::string name;
+
+  std::unique_ptr<std::istream> openFile(const std::string&) override { return nullptr; }
+  FileKind fileKind(const std::string&) override { return FileKind::none; }
+  bool identity(const std::string&, FileIdentity&) override { return false; }
+  bool listFolder(const std::string&, std::vector<FolderEntry>&) override { return false; }
+  bool knownFolder(KnownFolder, std::string&) override { return false; }
+  std::vector<std::string> fontFolderCandidates() override { return {}; }
+  bool environment(const char*, std::string&) override { return false; }
+  bool registryValues(RegistryRoot, std::string_view, std::vector<RegistryValue>&) override {
+    return false;
+  }
+  std::vector<std::string> systemFontFiles() override { return {}; }
+  std::string modulePath(std::string_view) override { return {}; }
+  std::string localeName() override { return name; }
+};
+
 class QXLangTest : public testing::Test {
  protected:
-  static void become(const Locale& locale) {
-    UErrorCode status = U_ZERO_ERROR;
-    Locale::setDefault(locale, status);
-    ASSERT_TRUE(U_SUCCESS(status));
-  }
-  void TearDown() override { become(before_); }
+  void SetUp() override { setPlatformForTests(&platform_); }
+  void TearDown() override { setPlatformForTests(nullptr); }
+  void become(const char* locale) { platform_.name = locale; }
 
  private:
-  Locale before_ = Locale::getDefault();
+  LocalePlatform platform_;
 };
 
 TEST_F(QXLangTest, DefaultLocaleEqualsTheConstantsItIsComparedWith) {
-  for (const Locale& locale :
-       {Locale::getTraditionalChinese(), Locale::getKorean(), Locale::getSimplifiedChinese()}) {
-    become(locale);
-    EXPECT_TRUE(QXLang::getDefaultLocale() == locale) << locale.getName();
-  }
-  EXPECT_FALSE(QXLang::getDefaultLocale() == Locale::getKorean());
+  become("zh_TW");
+  EXPECT_TRUE(QXLang::getDefaultLocale() == Locale::getTraditionalChinese());
+  EXPECT_FALSE(QXLang::getDefaultLocale() == Locale::getSimplifiedChinese());
+  become("ko_KR");
+  EXPECT_TRUE(QXLang::getDefaultLocale() == Locale::getKorea());
+  EXPECT_FALSE(QXLang::getDefaultLocale() == Locale::getKorean()) << "that is \"ko\" alone";
+  become("ko");
+  EXPECT_TRUE(QXLang::getDefaultLocale() == Locale::getKorean());
+  become("zh_CN");
+  EXPECT_TRUE(QXLang::getDefaultLocale() == Locale::getSimplifiedChinese());
+}
+
+TEST_F(QXLangTest, TakesTheSpellingOfOtherSystems) {
+  become("zh-TW");
+  EXPECT_TRUE(QXLang::getDefaultLocale() == Locale::getTraditionalChinese());
+}
+
+TEST_F(QXLangTest, IsIcusLocaleWhereTheSystemHasNone) {
+  become("");
+  EXPECT_TRUE(QXLang::getDefaultLocale() == Locale::getDefault());
 }
 
 TEST_F(QXLangTest, IsTheDefaultLanguageUnlessToldOtherwise) {
-  become(Locale::getKorean());
+  become("ko");
   EXPECT_TRUE(QXLang().getLocale() == Locale::getKorean());
   EXPECT_TRUE(QXLang(Locale::getJapanese()).getLocale() == Locale::getJapanese());
 }
