@@ -12,15 +12,6 @@ int countOf(const std::vector<layout::CoveragePtr>& coverages) {
   return static_cast<int>(coverages.size());
 }
 
-/// Reads a count and so many coverages at `from`, and moves it behind them.
-std::vector<layout::CoveragePtr> readCounted(layout::GraphReader& reader, std::uint64_t base,
-                                             std::uint64_t& from) {
-  const unsigned count = reader.u16(from);
-  const std::uint64_t offsets = from + 2;
-  from = offsets + 2 * std::uint64_t{count};
-  return layout::readCoverages(reader, base, offsets, count);
-}
-
 layout::CoveragePtr firstInput(layout::GraphReader& reader, std::uint64_t at) {
   const std::uint64_t inputCount = at + 4 + 2 * std::uint64_t{reader.u16(at + 2)};
   return layout::readCoverage(reader, at, reader.u16(inputCount + 2));
@@ -32,9 +23,9 @@ FS_LayoutTables::TTI_ChainContextFormat3::TTI_ChainContextFormat3(layout::GraphR
                                                                   std::uint64_t at)
     : TTI_SubTable(firstInput(reader, at)) {
   std::uint64_t from = at + 2;
-  backtrack_ = readCounted(reader, at, from);
-  input_ = readCounted(reader, at, from);
-  lookahead_ = readCounted(reader, at, from);
+  backtrack_ = layout::readCountedCoverages(reader, at, from);
+  input_ = layout::readCountedCoverages(reader, at, from);
+  lookahead_ = layout::readCountedCoverages(reader, at, from);
   layout::readLookupRecords(reader, from + 2, reader.u16(from), records_);
   if (input_.empty()) startAnywhere();
 }

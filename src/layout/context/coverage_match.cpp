@@ -66,4 +66,12 @@ std::vector<CoveragePtr> readCoverages(GraphReader& reader, std::uint64_t base,
   return coverages;
 }
 
+std::vector<CoveragePtr> readCountedCoverages(GraphReader& reader, std::uint64_t base,
+                                              std::uint64_t& from) {
+  const unsigned count = reader.u16(from);
+  const std::uint64_t offsets = from + 2;
+  from = offsets + 2 * std::uint64_t{count};
+  return readCoverages(reader, base, offsets, count);
+}
+
 }  // namespace QXFontService_NS::layout

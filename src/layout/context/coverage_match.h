@@ -29,5 +29,8 @@ class GraphReader;
 /// Reads `count` coverages, whose offsets stand at `offsets` and count from `base`.
 std::vector<CoveragePtr> readCoverages(GraphReader& reader, std::uint64_t base,
                                        std::uint64_t offsets, unsigned count);
+/// Reads a count at `from` and the coverages behind it, and moves `from` past them.
+std::vector<CoveragePtr> readCountedCoverages(GraphReader& reader, std::uint64_t base,
+                                              std::uint64_t& from);
 
 }  // namespace QXFontService_NS::layout

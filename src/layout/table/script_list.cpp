@@ -50,11 +50,16 @@ class LangSysFiller {
   std::int64_t left_ = kMostLangSysEntries;
 };
 
+template <class Entries, class Less>
+void sortStably(Entries& entries, Less less) {
+  if (!std::is_sorted(entries.begin(), entries.end(), less))
+    std::stable_sort(entries.begin(), entries.end(), less);
+}
+
 void sortEntries(TTI_LangSys& langSys) {
-  std::stable_sort(langSys.lookupsInOrder.begin(), langSys.lookupsInOrder.end(),
-                   [](const auto& a, const auto& b) { return a.second < b.second; });
-  std::stable_sort(langSys.featuresByTag.begin(), langSys.featuresByTag.end(),
-                   [](const auto& a, const auto& b) { return a.first < b.first; });
+  sortStably(langSys.lookupsInOrder,
+             [](const auto& a, const auto& b) { return a.second < b.second; });
+  sortStably(langSys.featuresByTag, [](const auto& a, const auto& b) { return a.first < b.first; });
 }
 
 /// Reads scripts and their language systems, which resolve into a feature list read before.
