@@ -56,6 +56,15 @@ inline constexpr std::uint64_t kMostInflatedBytes = kMostWoffFontBytes;
 inline constexpr int kMostCompositeDepth = 64;
 inline constexpr int kMostCompositeNodes = 1'024;
 
+// CFF dictionaries. The format grants a DICT 48 operands, and fonts have up to 18 Font DICTs.
+
+/// Operands kept of one DICT operator; of more, the first ones and the last.
+inline constexpr std::size_t kMostDictOperands = 513;
+/// Bytes of the distinct Private DICTs and local subroutines that the Font DICTs of a font name:
+/// damaged ones may name the same bytes thousands of times over.
+inline constexpr std::uint64_t kMostPrivateDictBytes = kMiB;
+inline constexpr std::uint64_t kMostLocalSubrBytes = 64 * kMiB;
+
 // Charstrings. Legal ones nest ten deep; a whole font of 65,535 glyphs holds some 20 million
 // tokens, so only endless or exploding programs come near.
 
