@@ -1,0 +1,36 @@
+#pragma once
+
+#include "font/contract/font_ref.h"
+#include "font/contract/font_services.h"
+#include "pool/service_settings.h"
+
+namespace QXFontService_NS {
+
+/// What fonts ask of the service, answered from the registry's settings.
+class RegistryServices final : public FS_FontServices {
+ public:
+  explicit RegistryServices(const ServiceSettings& settings) : settings_(settings) {}
+
+  [[nodiscard]] bool windowsMetrics() const override { return settings_.windowsMetrics; }
+  [[nodiscard]] bool reservedMetricsSwitch() const override { return false; }
+  [[nodiscard]] bool usePreferredFamily() const override { return settings_.usePreferredFamily; }
+  [[nodiscard]] bool isEudc(int codePoint) const override {
+    return settings_.eudcSet.contains(codePoint);
+  }
+  [[nodiscard]] FS_FontRef eudcDefault(bool vertical) const override {
+    return vertical ? eudcVerticalDefault_ : eudcDefault_;
+  }
+  FT_Library freeType() override;
+  QXLock& renderingLock() override;
+
+  void setEudcDefault(bool vertical, const FS_FontRef& ref) {
+    (vertical ? eudcVerticalDefault_ : eudcDefault_) = ref;
+  }
+
+ private:
+  const ServiceSettings& settings_;
+  FS_FontRef eudcDefault_;
+  FS_FontRef eudcVerticalDefault_;
+};
+
+}  // namespace QXFontService_NS
