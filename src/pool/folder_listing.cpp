@@ -17,10 +17,8 @@ struct SortedEntry {
 SortedEntry prepared(const QXCommonNS::FolderEntry& entry) {
   const UnicodeString name = UnicodeString::fromUTF8(entry.name);
   UnicodeString upper(name);
-  UnicodeString lower(name);
   upper.toUpper(icu::Locale::getRoot());
-  lower.toLower(icu::Locale::getRoot());
-  return {upper, {{lower, name}, entry.kind, entry.hidden, entry.system}};
+  return {upper, {fileNameOf(name), entry.kind, entry.hidden, entry.system}};
 }
 
 bool comesFirst(const SortedEntry& a, const SortedEntry& b) {
@@ -29,6 +27,17 @@ bool comesFirst(const SortedEntry& a, const SortedEntry& b) {
 }
 
 }  // namespace
+
+UnicodeString ListedEntry::extension() const {
+  const int point = name.lowerName.lastIndexOf(u'.');
+  return point < 0 ? UnicodeString() : UnicodeString(name.lowerName, point);
+}
+
+FS_FontFileName fileNameOf(const UnicodeString& name) {
+  UnicodeString lower(name);
+  lower.toLower(icu::Locale::getRoot());
+  return {lower, name};
+}
 
 std::vector<ListedEntry> listSorted(const FS_FontFolder& folder) {
   std::string path;

@@ -13,7 +13,13 @@ struct ListedEntry {
   QXCommonNS::FileKind kind;
   bool hidden;
   bool system;
+
+  /// The extension of the lower-cased name with its point; empty without one.
+  [[nodiscard]] UnicodeString extension() const;
 };
+
+/// A file name with the key that it is looked up by.
+FS_FontFileName fileNameOf(const UnicodeString& name);
 
 /// The entries of a folder in the order in which they are taken: by upper-cased UTF-16 units, ties
 /// by the units themselves, since "who was found first" decides between fonts and the file

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "font/contract/font_name.h"
+#include "font/contract/font_name_rules.h"
 #include "pool/global_lock.h"
 
 namespace QXFontService_NS {
@@ -12,11 +12,12 @@ namespace {
 
 /// A style as tables hold it: 0 stands for the normal weight and stretch.
 FS_FontKey normalized(const FS_FontKey& key) {
-  return FS_FontKey{key.weight == 0 ? 400 : key.weight, static_cast<signed char>(key.italic != 0),
-                    key.stretch == 0 ? 5 : key.stretch};
+  return makeFontKey(key.weight, key.italic != 0, key.stretch);
 }
 
-UnicodeString lowerCased(UnicodeString text) { return text.toLower(icu::Locale::getRoot()); }
+UnicodeString lowerCased(UnicodeString text) {
+  return text.toLower(icu::Locale::getRoot());
+}
 
 /// The PostScript name of a font, or its family where that name says nothing.
 UnicodeString nameOfRecord(const FS_BaseFont& font) {
@@ -25,11 +26,15 @@ UnicodeString nameOfRecord(const FS_BaseFont& font) {
   return name;
 }
 
-UnicodeString digits(int number) { return UnicodeString::fromUTF8(std::to_string(number)); }
+UnicodeString digits(int number) {
+  return UnicodeString::fromUTF8(std::to_string(number));
+}
 
 }  // namespace
 
-FS_FontPool::~FS_FontPool() { clear(); }
+FS_FontPool::~FS_FontPool() {
+  clear();
+}
 
 void FS_FontPool::clear() {
   fileTable_.clear();
@@ -45,7 +50,7 @@ void FS_FontPool::keepFont(FS_BaseFont* font) {
 }
 
 void FS_FontPool::addFont(const FS_FontRef& ref) {
-  QXUri uri = ref.font->getFontFileName();
+  QXUri uri = ref.font->fileUri();
   ref.font->addStyleKeys(*this, ref, uri);
   const UnicodeString extension = uri.setExtension(nullptr);
   if (!extension.isEmpty()) ref.font->addStyleKeys(*this, ref, uri);
@@ -61,9 +66,9 @@ void FS_FontPool::addFontUnique(FS_BaseFont* font, const UnicodeString& prefix) 
     name = base + digits(counter);
   }
   font->setPostScriptName(name);
-  addFamilyName(name, FS_FontRef{font, 0},
-                normalized({font->getFontWeight(0), static_cast<signed char>(font->isItalicFont(0)),
-                            font->getFontStretch(0)}));
+  addFamilyName(
+      name, FS_FontRef{font, 0},
+      makeFontKey(font->getFontWeight(0), font->isItalicFont(0), font->getFontStretch(0)));
 }
 
 FS_FontRef FS_FontPool::findFont(const UnicodeString& name, const FS_FontKey& key) {

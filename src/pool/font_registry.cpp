@@ -73,7 +73,9 @@ FS_FontRegistry::~FS_FontRegistry() {
   mainPool_.clear();
 }
 
-FS_FontRegistry* FS_FontRegistry::current() { return theRegistry; }
+FS_FontRegistry* FS_FontRegistry::current() {
+  return theRegistry;
+}
 
 FS_FontRegistry* FS_FontRegistry::open(const char* envName, FS_FontRegistry* target) {
   // No look at the pointer without the lock: another thread may be in the middle of scanning.
@@ -112,8 +114,7 @@ void FS_FontRegistry::readEudc() {
 }
 
 void FS_FontRegistry::readConfig(const char* envName, const char* homeEnvName) {
-  settings_.configUri =
-      envName != nullptr && *envName != '\0' ? FS_ConfigUri(envName) : QXUri();
+  settings_.configUri = envName != nullptr && *envName != '\0' ? FS_ConfigUri(envName) : QXUri();
   UnicodeString path = settings_.configUri.getLocalPath(false);
   if (!settings_.configUri.isEmpty() && settings_.configUri.isFileExists()) {
     config::ConfigSource source(settings_.configUri);

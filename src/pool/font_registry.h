@@ -7,6 +7,9 @@
 #include <string_view>
 #include <vector>
 
+#include "qxcommon/error.h"
+#include "qxfontservice/font_file_type.h"
+
 #include "common/platform/platform.h"
 #include "font/contract/base_font.h"
 #include "font/contract/font_folder.h"
@@ -14,8 +17,6 @@
 #include "pool/font_pool.h"
 #include "pool/registry_services.h"
 #include "pool/service_settings.h"
-#include "qxcommon/error.h"
-#include "qxfontservice/font_file_type.h"
 
 namespace QXFontService_NS {
 
@@ -63,11 +64,18 @@ class FS_FontRegistry {
   ///   no pool, with one reference that the caller releases.
   FS_BaseFont* loadFont(FS_FontFolder& folder, const FS_FontFileName& name, int flags);
 
+  /// The same for callers that have no use for a web font: whether the file was loaded. An
+  /// unread one counts and is released.
+  bool loadPoolFont(FS_FontFolder& folder, const FS_FontFileName& name, int flags);
+
   /// Scans every folder that is not marked to be skipped, subfolders and aliases included.
   void scanFolders();
 
   /// Reads a key of the system's font list: one value a font, its text an absolute path.
   void scanSystemList(QXCommonNS::RegistryRoot root, std::string_view key);
+
+  /// The folder that holds a single file found elsewhere, made and kept out of scans if new.
+  FS_FontFolder& folderForFile(const QXUri& file);
 
   /// Adds a folder at run time, without its subfolders, and loads its fonts.
   /// @return the number of files loaded; 0 for a folder known already.
@@ -85,11 +93,10 @@ class FS_FontRegistry {
   [[nodiscard]] RegistryServices& services() { return services_; }
 
  private:
-  friend class EudcLoader;
-
   void openPools();
   void fallBackToSystem(const char* envName);
   void readEudc();
+  void loadListed(const UnicodeString& path);
 
   ServiceSettings settings_;
   FontFolders folders_;
@@ -98,6 +105,9 @@ class FS_FontRegistry {
   std::vector<QXError> errors_;
   RegistryServices services_;
 };
+
+/// Whether the configuration of its folder keeps a file out.
+bool isExcluded(const FS_FontFolder& folder, const FS_FontFileName& name);
 
 /// Destroys the registry as the end of the process would, and puts the platform back. No handle
 /// may outlive it. For the fixtures of tests; not exported.

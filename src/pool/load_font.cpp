@@ -1,20 +1,18 @@
 #include <array>
 
+#include "qxcommon/ptr.h"
+
 #include "common/platform/platform.h"
 #include "font/contract/file_type_rule.h"
 #include "font/make_sfnt_font.h"
 #include "pool/font_registry.h"
-#include "qxcommon/ptr.h"
 
 namespace QXFontService_NS {
 namespace {
 
-constexpr unsigned int kFontFlagSystemList = 8;
-constexpr unsigned int kFontFlagEudc = 16;
-
 void markOrigin(FS_BaseFont& font, int flags) {
-  if ((flags & kLoadSystemList) != 0) font.addFontFlags(kFontFlagSystemList);
-  if ((flags & kLoadEudc) != 0) font.addFontFlags(kFontFlagEudc);
+  if ((flags & kLoadSystemList) != 0) font.addFontFlags(FS_BaseFont::kSystemFont);
+  if ((flags & kLoadEudc) != 0) font.addFontFlags(FS_BaseFont::kEudcFont);
 }
 
 /// The location of a file that a listing gave: the name is joined as it stands, since any
@@ -58,6 +56,20 @@ FS_BaseFont* FS_FontRegistry::loadFont(FS_FontFolder& folder, const FS_FontFileN
     mainPool_.addFont(FS_FontRef{font.get(), 0});
   }
   return font.get();
+}
+
+bool FS_FontRegistry::loadPoolFont(FS_FontFolder& folder, const FS_FontFileName& name, int flags) {
+  FS_BaseFont* font = loadFont(folder, name, flags);
+  if (font != nullptr && font->isExtraFont(nullptr, nullptr, 0)) {
+    font->release();
+    return true;
+  }
+  return font != nullptr;
+}
+
+bool isExcluded(const FS_FontFolder& folder, const FS_FontFileName& name) {
+  const FS_FontFileOptions* options = folder.findOptions(name.lowerName);
+  return options != nullptr && options->exclude;
 }
 
 }  // namespace QXFontService_NS

@@ -21,16 +21,20 @@ int clampWeight(std::int64_t weight) {
 }
 
 /// To a hundred, upwards: 64 bits, since a request may hold any number.
-int roundUp(int weight) { return clampWeight((std::int64_t{weight} + 99) / 100 * 100); }
+int roundUp(int weight) {
+  return clampWeight((std::int64_t{weight} + 99) / 100 * 100);
+}
 
-int roundDown(int weight) { return clampWeight(weight / 100 * 100); }
+int roundDown(int weight) {
+  return clampWeight(weight / 100 * 100);
+}
 
-std::size_t slotOf(int weight) { return static_cast<std::size_t>(weight / 100 - 1); }
+std::size_t slotOf(int weight) {
+  return static_cast<std::size_t>(weight / 100 - 1);
+}
 
-int weightOf(std::size_t slot) { return static_cast<int>(slot + 1) * 100; }
-
-FS_FontKey keyOf(int weight, bool italic, int stretch) {
-  return FS_FontKey{weight, static_cast<signed char>(italic), stretch};
+int weightOf(std::size_t slot) {
+  return static_cast<int>(slot + 1) * 100;
 }
 
 const FS_FontRef* find(const FS_FontFamily& family, const FS_FontKey& key) {
@@ -66,7 +70,7 @@ class SlantFiller {
 
  private:
   void put(std::size_t slot, const FS_FontRef& ref) {
-    family_.insert({keyOf(weightOf(slot), italic_, kNormalStretch), ref});
+    family_.insert({makeFontKey(weightOf(slot), italic_, kNormalStretch), ref});
   }
 
   [[nodiscard]] bool filled(std::size_t slot) const { return slots_[slot].font != nullptr; }
@@ -95,7 +99,8 @@ class SlantFiller {
     std::optional<std::size_t> last;
     for (std::size_t slot = kSlots; slot-- > kLightSlots;) {
       if (filled(slot)) {
-        for (std::size_t above = slot + 1; !last && above < kSlots; ++above) put(above, slots_[slot]);
+        for (std::size_t above = slot + 1; !last && above < kSlots; ++above)
+          put(above, slots_[slot]);
         last = slot;
       }
       if (last) put(slot, slots_[*last]);
@@ -126,8 +131,8 @@ bool anyFilled(const WeightSlots& slots) {
 /// Gives the slant `to` the row of the other one.
 void copyRow(FS_FontFamily& family, bool to) {
   for (std::size_t slot = 0; slot < kSlots; ++slot) {
-    const FS_FontRef* other = find(family, keyOf(weightOf(slot), !to, kNormalStretch));
-    if (other != nullptr) family.insert({keyOf(weightOf(slot), to, kNormalStretch), *other});
+    const FS_FontRef* other = find(family, makeFontKey(weightOf(slot), !to, kNormalStretch));
+    if (other != nullptr) family.insert({makeFontKey(weightOf(slot), to, kNormalStretch), *other});
   }
 }
 
@@ -136,22 +141,25 @@ struct Hit {
   MatchStep step = MatchStep::none;
 };
 
-Hit matchBeforeFilling(const FS_FontFamily& family, int weight, bool italic, int stretch) {
-  if (const FS_FontRef* ref = find(family, keyOf(weight, italic, stretch))) {
-    return {ref, MatchStep::exact};
-  }
-  if (const FS_FontRef* ref = find(family, keyOf(weight, italic, kNormalStretch))) {
+/// The last key that is tried: the weight rounded up, in normal stretch.
+FS_FontKey rounded(const FS_FontKey& wanted) {
+  return {roundUp(wanted.weight), wanted.italic, kNormalStretch};
+}
+
+Hit matchBeforeFilling(const FS_FontFamily& family, const FS_FontKey& wanted) {
+  if (const FS_FontRef* ref = find(family, wanted)) return {ref, MatchStep::exact};
+  if (const FS_FontRef* ref = find(family, {wanted.weight, wanted.italic, kNormalStretch})) {
     return {ref, MatchStep::stretch};
   }
-  if (italic) {
-    if (const FS_FontRef* ref = find(family, keyOf(weight, false, stretch))) {
+  if (wanted.italic != 0) {
+    if (const FS_FontRef* ref = find(family, {wanted.weight, 0, wanted.stretch})) {
       return {ref, MatchStep::upright};
     }
-    if (const FS_FontRef* ref = find(family, keyOf(weight, false, kNormalStretch))) {
+    if (const FS_FontRef* ref = find(family, {wanted.weight, 0, kNormalStretch})) {
       return {ref, MatchStep::upright};
     }
   }
-  return {find(family, keyOf(roundUp(weight), italic, kNormalStretch)), MatchStep::rounded};
+  return {find(family, rounded(wanted)), MatchStep::rounded};
 }
 
 }  // namespace
@@ -167,14 +175,11 @@ void fillFamily(FS_FontFamily& family) {
 }
 
 FS_FontRef matchFont(FS_FontFamily& family, const FS_FontKey& key, MatchStep* step) {
-  const int weight = key.weight == 0 ? 400 : key.weight;
-  const int stretch = key.stretch == 0 ? kNormalStretch : key.stretch;
-  const bool italic = key.italic != 0;
-
-  Hit hit = matchBeforeFilling(family, weight, italic, stretch);
+  const FS_FontKey wanted = makeFontKey(key.weight, key.italic != 0, key.stretch);
+  Hit hit = matchBeforeFilling(family, wanted);
   if (hit.ref == nullptr) {
     fillFamily(family);
-    hit = {find(family, keyOf(roundUp(weight), italic, kNormalStretch)), MatchStep::filled};
+    hit = {find(family, rounded(wanted)), MatchStep::filled};
   }
   if (hit.ref == nullptr) hit.step = MatchStep::none;
   if (step != nullptr) *step = hit.step;

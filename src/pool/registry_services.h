@@ -1,7 +1,10 @@
 #pragma once
 
+#include "qxcommon/lock.h"
+
 #include "font/contract/font_ref.h"
 #include "font/contract/font_services.h"
+#include "font/contract/free_type_face.h"
 #include "pool/service_settings.h"
 
 namespace QXFontService_NS {
@@ -10,6 +13,9 @@ namespace QXFontService_NS {
 class RegistryServices final : public FS_FontServices {
  public:
   explicit RegistryServices(const ServiceSettings& settings) : settings_(settings) {}
+  ~RegistryServices();
+  RegistryServices(const RegistryServices&) = delete;
+  RegistryServices& operator=(const RegistryServices&) = delete;
 
   [[nodiscard]] bool windowsMetrics() const override { return settings_.windowsMetrics; }
   [[nodiscard]] bool reservedMetricsSwitch() const override { return false; }
@@ -21,7 +27,7 @@ class RegistryServices final : public FS_FontServices {
     return vertical ? eudcVerticalDefault_ : eudcDefault_;
   }
   FT_Library freeType() override;
-  QXLock& renderingLock() override;
+  QXLock& renderingLock() override { return renderingLock_; }
 
   void setEudcDefault(bool vertical, const FS_FontRef& ref) {
     (vertical ? eudcVerticalDefault_ : eudcDefault_) = ref;
@@ -31,6 +37,8 @@ class RegistryServices final : public FS_FontServices {
   const ServiceSettings& settings_;
   FS_FontRef eudcDefault_;
   FS_FontRef eudcVerticalDefault_;
+  QXLock renderingLock_;
+  contract::FreeTypeLibrary library_;
 };
 
 }  // namespace QXFontService_NS

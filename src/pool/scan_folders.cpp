@@ -20,10 +20,7 @@ using QXCommonNS::FileKind;
 using QXCommonNS::FolderEntry;
 using QXCommonNS::platform;
 
-bool isExcluded(const FS_FontFolder& folder, const UnicodeString& key) {
-  const auto options = folder.fileOptions.find(key);
-  return options != folder.fileOptions.end() && options->second.exclude;
-}
+constexpr int kNotGiven = -1;
 
 bool sameFile(const FileIdentity& a, const FileIdentity& b) {
   return a.device == b.device && a.node == b.node;
@@ -59,10 +56,10 @@ class FolderScan {
   }
 
   void loadFile(FS_FontFolder& folder, const ListedEntry& entry) {
-    const FS_FontFileType type = fontFileTypeOfExtension(entry.name.lowerName);
+    const FS_FontFileType type = fontFileTypeOfExtension(entry.extension());
     // Web fonts in folders are no fonts of the pool: documents bring them along.
     if (type == FS_FILETYPE_UNKNOWN || type == FS_FILETYPE_WOFF) return;
-    if (!isExcluded(folder, entry.name.lowerName)) registry_.loadFont(folder, entry.name, 0);
+    if (!isExcluded(folder, entry.name)) registry_.loadPoolFont(folder, entry.name, 0);
   }
 
   const FS_FontFolder* addSubfolder(const FS_FontFolder& parent, const ListedEntry& entry,
@@ -109,9 +106,9 @@ class FolderScan {
   }
 
   void enterAlias(const FS_FontAlias& alias, const FS_FontRef& ref) {
-    const FS_FontKey key{alias.weight == -1 ? 400 : alias.weight,
-                         static_cast<signed char>(alias.italic == 1), alias.stretch};
-    registry_.aliasPool().addFamilyName(alias.familyName, ref, key);
+    const int weight = alias.weight == kNotGiven ? 0 : alias.weight;
+    registry_.aliasPool().addFamilyName(alias.familyName, ref,
+                                        makeFontKey(weight, alias.italic == 1, alias.stretch));
   }
 
   FS_FontRegistry& registry_;
@@ -119,14 +116,11 @@ class FolderScan {
   std::size_t foldersLeft_ = QXCommonNS::limits::kFoldersPerScan;
 };
 
-/// A font that came back unread belongs to nobody.
-void releaseExtra(FS_BaseFont* font) {
-  if (font != nullptr && font->isExtraFont(nullptr, nullptr, 0)) font->release();
-}
-
 }  // namespace
 
-void FS_FontRegistry::scanFolders() { FolderScan(*this).run(); }
+void FS_FontRegistry::scanFolders() {
+  FolderScan(*this).run();
+}
 
 int FS_FontRegistry::addFontFolderPath(const QXUri& uri) {
   if (folders_.find(uri) != nullptr) return 0;
@@ -137,10 +131,8 @@ int FS_FontRegistry::addFontFolderPath(const QXUri& uri) {
   int count = 0;
   for (const ListedEntry& entry : listSorted(*folder)) {
     if (entry.kind != FileKind::regular || entry.system) continue;
-    if (fontFileTypeOfExtension(entry.name.lowerName) == FS_FILETYPE_UNKNOWN) continue;
-    FS_BaseFont* font = loadFont(*folder, entry.name, 0);
-    if (font != nullptr) ++count;
-    releaseExtra(font);
+    if (fontFileTypeOfExtension(entry.extension()) == FS_FILETYPE_UNKNOWN) continue;
+    if (loadPoolFont(*folder, entry.name, 0)) ++count;
   }
   return count;
 }

@@ -4,8 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "common/platform/platform.h"
 #include "qxcommon/uri.h"
+
+#include "common/platform/platform.h"
 
 namespace QXFontService_NS {
 namespace {

@@ -2,9 +2,10 @@
 
 #include <unicode/unistr.h>
 
+#include "qxfontservice/error_codes.h"
+
 #include "pool/config/config_source.h"
 #include "pool/config/config_words.h"
-#include "qxfontservice/error_codes.h"
 
 namespace QXFontService_NS {
 

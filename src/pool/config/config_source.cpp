@@ -1,8 +1,9 @@
 #include "pool/config/config_source.h"
 
-#include "font/contract/keywords.h"
 #include "qxcommon/name.h"
 #include "qxcommon/xml_util.h"
+
+#include "font/contract/keywords.h"
 
 namespace QXFontService_NS::config {
 namespace {
@@ -27,9 +28,12 @@ Event ConfigSource::next() {
   if (!open_) return Event::finished;
   while (parser_->next() != kEndOfDocument) {
     switch (parser_->getEventType()) {
-      case kStartTag: return Event::start;
-      case kEndTag: return Event::end;
-      default: break;
+      case kStartTag:
+        return Event::start;
+      case kEndTag:
+        return Event::end;
+      default:
+        break;
     }
   }
   open_ = false;
@@ -41,7 +45,9 @@ UnicodeString ConfigSource::name() const {
   return QXNameTable::getSharedNameString(*parser_->getName(&name));
 }
 
-int ConfigSource::word() const { return FS_KeywordIndex(name()); }
+int ConfigSource::word() const {
+  return FS_KeywordIndex(name());
+}
 
 UnicodeString ConfigSource::attribute(Word name) const {
   UnicodeString value;

@@ -2,10 +2,11 @@
 
 #include <unicode/unistr.h>
 
-#include "pool/config/config_words.h"
 #include "qxcommon/ptr.h"
 #include "qxcommon/uri.h"
 #include "qxcommon/xml_parser.h"
+
+#include "pool/config/config_words.h"
 
 namespace QXFontService_NS::config {
 

@@ -5,10 +5,11 @@
 #include <array>
 #include <string_view>
 
-#include "font/contract/keywords.h"
 #include "qxcommon/parser.h"
 #include "qxcommon/util.h"
 #include "qxcommon/value.h"
+
+#include "font/contract/keywords.h"
 
 namespace QXFontService_NS::config {
 namespace {
@@ -24,7 +25,9 @@ constexpr int kNameTag = 3;
 constexpr std::array kBooleans = {Choice{kYes, true}, Choice{kTrue, true}, Choice{kNo, false},
                                   Choice{kFalse, false}};
 
-UnicodeString lowerCased(UnicodeString text) { return text.toLower(icu::Locale::getRoot()); }
+UnicodeString lowerCased(UnicodeString text) {
+  return text.toLower(icu::Locale::getRoot());
+}
 
 QXValue parsed(const UnicodeString& text) {
   return QXParser::parse(text, QXTokenizer::TOKENIZER_DEFAULT);

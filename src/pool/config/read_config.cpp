@@ -47,8 +47,8 @@ class RootReader {
     readRootChoice(kOtfMetricsMode, kMetricsModes, kNameProcessingMode, settings().windowsMetrics);
     readPreferredFamily();
     readRootChoice(kWindowsRegistry, kSwitches, kWindowsRegistry, settings().systemList);
-    settings().systemListAsked = systemListTaken_ && choose(source_.attribute(kWindowsRegistry),
-                                                            kSwitches) == true;
+    settings().systemListAsked =
+        systemListTaken_ && choose(source_.attribute(kWindowsRegistry), kSwitches) == true;
   }
 
   void readRootChoice(Word attribute, std::span<const Choice> choices, Word reportedAs,
@@ -146,9 +146,13 @@ void readConfigFile(ConfigSource& source, const char* homeEnvName, ConfigTarget 
 
 bool readToEndOf(ConfigSource& source, Word element) {
   switch (source.next()) {
-    case Event::start: throwUnexpectedStart(source); return false;
-    case Event::finished: return false;
-    case Event::end: break;
+    case Event::start:
+      throwUnexpectedStart(source);
+      return false;
+    case Event::finished:
+      return false;
+    case Event::end:
+      break;
   }
   if (source.word() != element) throwUnexpectedEnd(source);
   return true;

@@ -6,10 +6,11 @@
 #include <cfloat>
 #include <memory>
 
-#include "pool/config/config_report.h"
-#include "pool/config/config_values.h"
 #include "qxcommon/unicode_range.h"
 #include "qxcommon/value.h"
+
+#include "pool/config/config_report.h"
+#include "pool/config/config_values.h"
 
 namespace QXFontService_NS::config {
 namespace {
@@ -145,7 +146,9 @@ bool reportListTwice(ConfigSource& source, FS_FontFolder& folder, const MetricPa
 
 }  // namespace
 
-UnicodeString fileKey(UnicodeString name) { return name.toLower(icu::Locale::getRoot()); }
+UnicodeString fileKey(UnicodeString name) {
+  return name.toLower(icu::Locale::getRoot());
+}
 
 bool readFileName(ConfigSource& source, Word element, Word attribute, UnicodeString& out) {
   out = source.attribute(attribute);

@@ -28,20 +28,29 @@ bool isChild(int word) {
     case kFontExclude:
     case kGlyphList:
     case kSkipGlyphnameMapping:
-    case kUseZeroGlyphId: return true;
-    default: return false;
+    case kUseZeroGlyphId:
+      return true;
+    default:
+      return false;
   }
 }
 
 /// Reads what a child without children says; its end tag comes later.
 bool readOptions(ConfigSource& source, int word, FS_FontFolder& folder) {
   switch (word) {
-    case kFontEntry: return readFontEntry(source, folder);
-    case kFontExclude: return readFontExclude(source, folder);
-    case kGlyphList: return readGlyphList(source, folder);
-    case kSkipGlyphnameMapping: return readSkipGlyphnameMapping(source, folder);
-    case kUseZeroGlyphId: return readUseZeroGlyphId(source, folder);
-    default: throwUnexpectedStart(source); return false;
+    case kFontEntry:
+      return readFontEntry(source, folder);
+    case kFontExclude:
+      return readFontExclude(source, folder);
+    case kGlyphList:
+      return readGlyphList(source, folder);
+    case kSkipGlyphnameMapping:
+      return readSkipGlyphnameMapping(source, folder);
+    case kUseZeroGlyphId:
+      return readUseZeroGlyphId(source, folder);
+    default:
+      throwUnexpectedStart(source);
+      return false;
   }
 }
 

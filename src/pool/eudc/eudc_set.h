@@ -10,7 +10,8 @@ namespace QXFontService_NS {
 class EudcSet {
  public:
   [[nodiscard]] bool contains(int codePoint) const {
-    return codePoint >= 0 && codePoint < kSize && (bits_[byteOf(codePoint)] & bitOf(codePoint)) != 0;
+    return codePoint >= 0 && codePoint < kSize &&
+           (bits_[byteOf(codePoint)] & bitOf(codePoint)) != 0;
   }
 
   /// Sets the code points of `first` to `last` inclusive that lie in the set's range. The
