@@ -29,6 +29,7 @@ class GlyphIDArray2;
 class GlyphIDPosition;
 struct FS_GSUBGPOSInfo;
 struct FS_GlyphDrawInfo;
+struct FontInfoAccess;
 
 /// A handle on one face of a font.
 ///
@@ -325,6 +326,8 @@ class QX_EXPORT FS_FontInfo {
   bool getType1FontStream(QXMemStream& stream, int& length1, int& length2, int& length3) const;
 
  private:
+  friend struct FontInfoAccess;  // the library's own way in
+
   FS_BaseFont* font_ = nullptr;
   int entry_ = 0;
   QXError error_;

@@ -72,17 +72,29 @@ void FS_FontPool::addFontUnique(FS_BaseFont* font, const UnicodeString& prefix) 
 }
 
 FS_FontRef FS_FontPool::findFont(const UnicodeString& name, const FS_FontKey& key) {
+  return lookUp(name, key).ref;
+}
+
+PoolHit FS_FontPool::lookUp(const UnicodeString& name, const FS_FontKey& key) {
   const QXMutex guard(&FS_GlobalLock());
-  FS_FontFamily* family = nullptr;
-  return findFamily(name, family) ? matchFont(*family, key) : FS_FontRef{};
+  PoolHit hit;
+  if (!findFamily(name, hit.family, hit.byFileName)) return hit;
+  hit.ref = matchFont(*hit.family, key, &hit.step);
+  return hit;
 }
 
 bool FS_FontPool::findFamily(const UnicodeString& name, FS_FontFamily*& out) {
+  bool byFileName = false;
+  return findFamily(name, out, byFileName);
+}
+
+bool FS_FontPool::findFamily(const UnicodeString& name, FS_FontFamily*& out, bool& byFileName) {
   auto found = familyTable_.find(normalizeFontName(name));
   if (found == familyTable_.end()) {
     if (fileTable_.empty()) return false;
     found = fileTable_.find(lowerCased(name));
     if (found == fileTable_.end()) return false;
+    byFileName = true;
   }
   out = &found->second;
   return true;

@@ -20,6 +20,14 @@ struct UnicodeStringHash {
   }
 };
 
+/// What a lookup in one pool found, and how.
+struct PoolHit {
+  FS_FontRef ref;                   ///< null: nothing
+  FS_FontFamily* family = nullptr;  ///< valid until the pool dies
+  bool byFileName = false;
+  MatchStep step = MatchStep::none;
+};
+
 /// A list of fonts with the tables under which they are found.
 ///
 /// The list holds one reference a font; the tables point at fonts without one. Keys are
@@ -47,6 +55,9 @@ class FS_FontPool : public FS_FontKeySink {
   /// lock, since the first miss fills the family.
   FS_FontRef findFont(const UnicodeString& name, const FS_FontKey& key);
 
+  /// The same, with how the answer came about.
+  PoolHit lookUp(const UnicodeString& name, const FS_FontKey& key);
+
   /// Finds a family by its normalised name, else by a file name as it is given, lower-cased.
   /// `out` is valid until the pool dies and is left as it was when the answer is false.
   bool findFamily(const UnicodeString& name, FS_FontFamily*& out);
@@ -69,6 +80,8 @@ class FS_FontPool : public FS_FontKeySink {
   void clear();
 
  protected:
+  bool findFamily(const UnicodeString& name, FS_FontFamily*& out, bool& byFileName);
+
   std::vector<FS_BaseFont*> fonts_;
   NameTable fileTable_;
   NameTable familyTable_;

@@ -30,7 +30,7 @@ FS_FontRegistry* theRegistry = nullptr;
 /// Collected errors go to the process-wide list, whichever object was being read.
 class RegistryErrorSink final : public ErrorSink {
  public:
-  void collect(const QXError& error) override {
+  void append(const QXError& error) override {
     const QXMutex guard(&FS_GlobalLock());
     if (theRegistry != nullptr) theRegistry->errors().push_back(error);
   }

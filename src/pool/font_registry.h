@@ -109,6 +109,9 @@ class FS_FontRegistry {
 /// Whether the configuration of its folder keeps a file out.
 bool isExcluded(const FS_FontFolder& folder, const FS_FontFileName& name);
 
+/// The style under which an alias stands; what it does not give counts as 400, upright and 5.
+FS_FontKey styleOf(const FS_FontAlias& alias);
+
 /// Destroys the registry as the end of the process would, and puts the platform back. No handle
 /// may outlive it. For the fixtures of tests; not exported.
 void resetServiceForTests();

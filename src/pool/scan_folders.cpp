@@ -20,8 +20,6 @@ using QXCommonNS::FileKind;
 using QXCommonNS::FolderEntry;
 using QXCommonNS::platform;
 
-constexpr int kNotGiven = -1;
-
 bool sameFile(const FileIdentity& a, const FileIdentity& b) {
   return a.device == b.device && a.node == b.node;
 }
@@ -106,9 +104,7 @@ class FolderScan {
   }
 
   void enterAlias(const FS_FontAlias& alias, const FS_FontRef& ref) {
-    const int weight = alias.weight == kNotGiven ? 0 : alias.weight;
-    registry_.aliasPool().addFamilyName(alias.familyName, ref,
-                                        makeFontKey(weight, alias.italic == 1, alias.stretch));
+    registry_.aliasPool().addFamilyName(alias.familyName, ref, styleOf(alias));
   }
 
   FS_FontRegistry& registry_;
@@ -117,6 +113,12 @@ class FolderScan {
 };
 
 }  // namespace
+
+FS_FontKey styleOf(const FS_FontAlias& alias) {
+  constexpr int kNotGiven = -1;
+  const int weight = alias.weight == kNotGiven ? 0 : alias.weight;
+  return makeFontKey(weight, alias.italic == 1, alias.stretch);
+}
 
 void FS_FontRegistry::scanFolders() {
   FolderScan(*this).run();
