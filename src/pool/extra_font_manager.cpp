@@ -4,6 +4,7 @@
 
 #include "qxcommon/mem_stream.h"
 #include "qxcommon/ptr.h"
+#include "qxfontservice/error_codes.h"
 
 #include "font/contract/class_ids.h"
 #include "font/contract/file_type_rule.h"

@@ -25,7 +25,7 @@ bool registryTextValue(QXCommonNS::RegistryRoot root, std::string_view key,
     const UnicodeString valueName(value.name.data(), static_cast<int>(value.name.size()));
     const UnicodeString wanted(name.data(), static_cast<int>(name.size()));
     if (valueName.caseCompare(wanted, 0) != 0) continue;
-    if (value.type != kRegistryText) return false;
+    if (value.type != QXCommonNS::RegistryValue::kText) return false;
     out = registryText(ByteView(value.data));
     return true;
   }

@@ -7,10 +7,6 @@
 
 namespace QXFontService_NS {
 
-/// Types of registry values.
-inline constexpr unsigned kRegistryText = 1;      // REG_SZ
-inline constexpr unsigned kRegistryTextList = 7;  // REG_MULTI_SZ
-
 /// The UTF-16 text (little-endian, as the registry keeps it) up to the first zero unit.
 icu::UnicodeString registryText(QXCommonNS::bytes::ByteView data);
 

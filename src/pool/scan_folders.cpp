@@ -20,10 +20,6 @@ using QXCommonNS::FileKind;
 using QXCommonNS::FolderEntry;
 using QXCommonNS::platform;
 
-bool sameFile(const FileIdentity& a, const FileIdentity& b) {
-  return a.device == b.device && a.node == b.node;
-}
-
 /// One walk over the registry's folders. The list grows while it goes on: subfolders go right
 /// behind their parent, so they are scanned before the next folder that was named.
 class FolderScan {
@@ -84,10 +80,8 @@ class FolderScan {
     FileIdentity identity{};
     std::string path;
     if (!platform().identity(folder.getLocalPath(false).toUTF8String(path), identity)) return false;
-    const bool circle = std::any_of(trail.begin(), trail.end(), [&](const FileIdentity& above) {
-      return sameFile(above, identity);
-    });
-    if (circle || trail.size() >= QXCommonNS::limits::kFolderDepth) return false;
+    const bool circle = std::find(trail.begin(), trail.end(), identity) != trail.end();
+    if (circle || trail.size() >= QXCommonNS::limits::kMostFolderDepth) return false;
     trail.push_back(identity);
     return true;
   }
@@ -109,7 +103,7 @@ class FolderScan {
 
   FS_FontRegistry& registry_;
   std::map<const FS_FontFolder*, Trail> trails_;
-  std::size_t foldersLeft_ = QXCommonNS::limits::kFoldersPerScan;
+  std::size_t foldersLeft_ = QXCommonNS::limits::kMostFolders;
 };
 
 }  // namespace

@@ -22,8 +22,8 @@ constexpr std::size_t kMarkerSize = 4;
 /// The text of a font list's value; empty for a type that is no text.
 UnicodeString listedPath(const RegistryValue& value) {
   const ByteView data(value.data);
-  if (value.type == kRegistryText) return registryText(data);
-  if (value.type == kRegistryTextList) return registryText(data.from(kMarkerSize));
+  if (value.type == RegistryValue::kText) return registryText(data);
+  if (value.type == RegistryValue::kMultiText) return registryText(data.from(kMarkerSize));
   return {};
 }
 

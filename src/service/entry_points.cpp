@@ -35,8 +35,7 @@ QXError openQuietly(const char* envName) {
 
 int readError(QXError* out, int index) {
   const QXMutex guard(&FS_GlobalLock());
-  const FS_FontRegistry* registry = openService();
-  const std::vector<QXError>& errors = registry->errors();
+  const std::vector<QXError>& errors = openService()->errors();
   const int count = static_cast<int>(errors.size());
   if (out == nullptr) return count;
   if (index < 0 || index >= count) return -1;

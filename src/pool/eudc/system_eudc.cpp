@@ -76,7 +76,7 @@ void readFamilies(ServiceSettings& settings, const UnicodeString& fontFolder,
                                    static_cast<int>(kDefaultFontValue.size()));
   for (const RegistryValue& value : values) {
     const UnicodeString family(value.name.data(), static_cast<int>(value.name.size()));
-    if (value.type != kRegistryText || family.caseCompare(defaultValue, 0) == 0) continue;
+    if (value.type != RegistryValue::kText || family.caseCompare(defaultValue, 0) == 0) continue;
     settings.eudcMap.insert({family, resolved(fontFolder, registryText(ByteView(value.data)))});
   }
 }

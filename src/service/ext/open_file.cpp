@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "qxcommon/mem_stream.h"
+#include "qxfontservice/error_codes.h"
 #include "qxcommon/ptr.h"
 
 #include "common/bytes/byte_view.h"
