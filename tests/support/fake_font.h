@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "font/contract/base_font.h"
+#include "font/contract/font_key_sink.h"
 
 namespace qxtest {
 
