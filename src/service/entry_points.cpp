@@ -7,9 +7,9 @@
 #include "qxfontservice/service.h"
 
 #include "pool/config/config_uri.h"
-#include "pool/font_registry.h"
-#include "pool/global_lock.h"
-#include "pool/system_font_folder.h"
+#include "pool/registry/font_registry.h"
+#include "pool/system/system_font_folder.h"
+#include "pool/tables/global_lock.h"
 #include "service/enumeration.h"
 
 namespace QXFontService_NS {

@@ -4,8 +4,8 @@
 #include "qxfontservice/extra_font_manager.h"
 #include "qxfontservice/new_text_metric_ex.h"
 
-#include "pool/extra_font_pool.h"
-#include "pool/global_lock.h"
+#include "pool/tables/extra_font_pool.h"
+#include "pool/tables/global_lock.h"
 
 namespace QXFontService_NS {
 namespace {

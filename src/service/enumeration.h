@@ -2,7 +2,7 @@
 
 #include "qxfontservice/service.h"
 
-#include "pool/font_registry.h"
+#include "pool/registry/font_registry.h"
 
 namespace QXFontService_NS {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "common/platform/platform.h"
-#include "pool/system_font_folder.h"
+#include "pool/system/system_font_folder.h"
 
 namespace QXFontService_NS {
 namespace {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "pool/config/config_source.h"
-#include "pool/font_folders.h"
-#include "pool/service_settings.h"
+#include "pool/settings/font_folders.h"
+#include "pool/settings/service_settings.h"
 
 namespace QXFontService_NS::config {
 

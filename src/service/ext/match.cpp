@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "font/contract/font_name_rules.h"
-#include "pool/extra_font_pool.h"
-#include "pool/font_registry.h"
-#include "pool/global_lock.h"
+#include "pool/registry/font_registry.h"
+#include "pool/tables/extra_font_pool.h"
+#include "pool/tables/global_lock.h"
 
 namespace QXFontService_NS::ext {
 namespace {

@@ -4,13 +4,13 @@
 #include <memory>
 
 #include "qxcommon/mem_stream.h"
-#include "qxfontservice/error_codes.h"
 #include "qxcommon/ptr.h"
+#include "qxfontservice/error_codes.h"
 
 #include "common/bytes/byte_view.h"
 #include "common/bytes/stream_read.h"
 #include "font/contract/file_type_rule.h"
-#include "pool/font_registry.h"
+#include "pool/registry/font_registry.h"
 #include "service/errors/font_error_text.h"
 #include "service/font_info_access.h"
 

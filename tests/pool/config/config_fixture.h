@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "pool/font_registry.h"
+#include "pool/registry/font_registry.h"
 #include "service/errors/error_sink.h"
 #include "support/memory_platform.h"
 

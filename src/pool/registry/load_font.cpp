@@ -1,0 +1,75 @@
+#include <array>
+
+#include "qxcommon/ptr.h"
+
+#include "common/platform/platform.h"
+#include "font/contract/file_type_rule.h"
+#include "font/make_sfnt_font.h"
+#include "pool/registry/font_registry.h"
+
+namespace QXFontService_NS {
+namespace {
+
+void markOrigin(FS_BaseFont& font, int flags) {
+  if ((flags & kLoadSystemList) != 0) font.addFontFlags(FS_BaseFont::kSystemFont);
+  if ((flags & kLoadEudc) != 0) font.addFontFlags(FS_BaseFont::kEudcFont);
+}
+
+/// The location of a file that a listing gave: the name is joined as it stands, since any
+/// character but the separator may be part of it.
+QXUri fileUri(const FS_FontFolder& folder, const FS_FontFileName& name) {
+  return QXUri(folder.getText() + name.name, QXCommonNS::URISTR_USER);
+}
+
+}  // namespace
+
+FS_BaseFont* FS_FontRegistry::createFontObject(FS_FontFolder* folder, const QXUri& uri,
+                                               FS_FontFileType type) {
+  return makeSfntFont(type, uri, folder);
+}
+
+FS_BaseFont* FS_FontRegistry::loadFont(FS_FontFolder& folder, const FS_FontFileName& name,
+                                       int flags) {
+  const QXUri uri = fileUri(folder, name);
+  const std::unique_ptr<std::istream> stream(uri.getIStream(nullptr, nullptr));
+  if (!stream) return nullptr;
+
+  const bool eudc = (flags & kLoadEudc) != 0;
+  const FS_FontFileType hint = eudc ? FS_FILETYPE_HINT_TRUETYPE : FS_FILETYPE_UNKNOWN;
+  QXCommonNS::QXPtr<FS_BaseFont> font(
+      createFontObject(&folder, uri, fontFileTypeOf(uri.getExtension(), hint, stream.get())));
+  if (!font) return nullptr;
+  if (font->isExtraFont(nullptr, nullptr, 0)) {
+    font->refCount.fetch_add(1);  // handed to the caller
+    return font.get();
+  }
+
+  markOrigin(*font, flags);
+  QXError error;
+  const bool usable = font->readFont(&error, stream.get());
+  if (error.getErrorCode() != 0) errors_.push_back(error);
+  if (!usable) return nullptr;
+
+  mainPool_.keepFont(font.get());
+  if (!eudc) {
+    font->refCount.fetch_add(1);  // dropped by addFont
+    mainPool_.addFont(FS_FontRef{font.get(), 0});
+  }
+  return font.get();
+}
+
+bool FS_FontRegistry::loadPoolFont(FS_FontFolder& folder, const FS_FontFileName& name, int flags) {
+  FS_BaseFont* font = loadFont(folder, name, flags);
+  if (font != nullptr && font->isExtraFont(nullptr, nullptr, 0)) {
+    font->release();
+    return true;
+  }
+  return font != nullptr;
+}
+
+bool isExcluded(const FS_FontFolder& folder, const FS_FontFileName& name) {
+  const FS_FontFileOptions* options = folder.findOptions(name.lowerName);
+  return options != nullptr && options->exclude;
+}
+
+}  // namespace QXFontService_NS

@@ -1,0 +1,61 @@
+#include "pool/system/folder_listing.h"
+
+#include <unicode/locid.h>
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+namespace QXFontService_NS {
+namespace {
+
+struct SortedEntry {
+  UnicodeString upper;
+  ListedEntry entry;
+};
+
+SortedEntry prepared(const QXCommonNS::FolderEntry& entry) {
+  const UnicodeString name = UnicodeString::fromUTF8(entry.name);
+  UnicodeString upper(name);
+  upper.toUpper(icu::Locale::getRoot());
+  return {upper, {fileNameOf(name), entry.kind, entry.hidden, entry.system}};
+}
+
+bool comesFirst(const SortedEntry& a, const SortedEntry& b) {
+  const auto order = a.upper.compare(b.upper);
+  return order != 0 ? order < 0 : a.entry.name.name < b.entry.name.name;
+}
+
+}  // namespace
+
+UnicodeString ListedEntry::extension() const {
+  const int point = name.lowerName.lastIndexOf(u'.');
+  return point < 0 ? UnicodeString() : UnicodeString(name.lowerName, point);
+}
+
+FS_FontFileName fileNameOf(const UnicodeString& name) {
+  UnicodeString lower(name);
+  lower.toLower(icu::Locale::getRoot());
+  return {lower, name};
+}
+
+std::vector<ListedEntry> listSorted(const FS_FontFolder& folder) {
+  std::string path;
+  std::vector<QXCommonNS::FolderEntry> entries;
+  if (!QXCommonNS::platform().listFolder(folder.getLocalPath(false).toUTF8String(path), entries)) {
+    return {};
+  }
+  std::vector<SortedEntry> sorted;
+  sorted.reserve(entries.size());
+  for (const QXCommonNS::FolderEntry& entry : entries) {
+    if (entry.name != "." && entry.name != "..") sorted.push_back(prepared(entry));
+  }
+  std::sort(sorted.begin(), sorted.end(), comesFirst);
+
+  std::vector<ListedEntry> listed;
+  listed.reserve(sorted.size());
+  for (SortedEntry& entry : sorted) listed.push_back(std::move(entry.entry));
+  return listed;
+}
+
+}  // namespace QXFontService_NS
