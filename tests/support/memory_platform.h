@@ -27,7 +27,7 @@ struct PlatformCounts {
 ///
 /// Paths are absolute and have `/` as separator; folders on the way to a file make themselves.
 /// `MemoryPlatform world; world.file("/fonts/a.ttf", bytes).hidden("/fonts/a.ttf");`
-class MemoryPlatform final : public QXCommonNS::FS_Platform {
+class MemoryPlatform : public QXCommonNS::FS_Platform {
  public:
   MemoryPlatform();
   ~MemoryPlatform() override;

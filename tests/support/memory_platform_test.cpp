@@ -126,16 +126,14 @@ TEST(MemoryPlatform, TellsWhatItWasTold) {
 
 TEST(RegistryText, ReadsTextsMultiTextsAndBytes) {
   MemoryPlatform world;
-  world.registry(R"(
-    [HKEY_LOCAL_MACHINE\Software\Fonts]
-    "Arial (TrueType)" =
-                     "C:\a.ttf"
-                     "Optima" = multi
-                 : "T",
-                   "a.pfm"
-                   "Count" = type 4 : 01 ff[HKEY_CURRENT_USER\EUDC\932]) ");
-      std::vector<RegistryValue>
-          values;
+  world.registry(
+      "[HKEY_LOCAL_MACHINE\\Software\\Fonts]\n"
+      "\"Arial (TrueType)\"=\"C:\\a.ttf\"\r\n"
+      "  \"Optima\"=multi:\"T\",\"a.pfm\"\n"
+      "\n"
+      "\"Count\"=type 4:01 ff\n"
+      "[HKEY_CURRENT_USER\\EUDC\\932]");
+  std::vector<RegistryValue> values;
   ASSERT_TRUE(world.registryValues(RegistryRoot::localMachine, "SOFTWARE\\FONTS", values));
   ASSERT_EQ(values.size(), 3u);
   EXPECT_EQ(values[0].name, u"Arial (TrueType)");

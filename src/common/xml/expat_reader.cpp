@@ -113,6 +113,7 @@ void ExpatReader::takeStart(std::string_view name, const XML_Char** attributes) 
 }
 
 void ExpatReader::takeEnd(std::string_view name) {
+  if (stopped_) return;
   open_.pop_back();
   give({false, std::string(name), {}});
 }
@@ -124,6 +125,7 @@ void ExpatReader::give(TagEvent event) {
 }
 
 void ExpatReader::stop() {
+  stopped_ = true;
   XML_StopParser(parser_.get(), XML_FALSE);
 }
 

@@ -70,6 +70,7 @@ class ExpatReader {
   std::size_t retoldInAll_ = 0;
   int wrongEndTags_ = 0;
   bool suspended_ = false;
+  bool stopped_ = false;  // by a limit; expat still tells the end of an empty element
   bool ended_ = false;
   std::exception_ptr failure_;  // thrown by a handler: may not cross the C code
 };

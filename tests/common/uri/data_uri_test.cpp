@@ -51,7 +51,7 @@ TEST(DataUri, CutAtEveryByteNeverTellsMoreThanIsThere) {
   const std::string whole = "data:font/woff;base64,AAECAwQFBgcICQ==";
   for (std::size_t size = 5; size < whole.size(); ++size) {
     const auto content = readDataUri(whole.substr(0, size));
-    if (content) EXPECT_LE(content->bytes.size(), 10u);
+    EXPECT_LE(content ? content->bytes.size() : 0u, 10u);
   }
 }
 
