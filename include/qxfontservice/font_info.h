@@ -254,20 +254,27 @@ class QX_EXPORT FS_FontInfo {
   /// Tag of feature `i`; 0 from the end on.
   static unsigned int getGSUBFeatureTag(const FS_GSUBGPOSInfo* info, int i);
   static unsigned int getGPOSFeatureTag(const FS_GSUBGPOSInfo* info, int i);
-  /// Applies a feature's substitutions at one position.
-  /// @param position index in `input`; moved behind what was matched.
-  /// @param output receives the substitutes.
-  /// @param matched receives the glyphs they stand for.
-  /// @param alternate which alternate to take where a lookup offers several.
+  /// Applies the first lookup of a feature that fits at one position; `info` must not be null.
+  /// @param position index in `input`; moved behind what was replaced.
+  /// @param output receives the replacement, behind it the rest of a contextual match.
+  /// @param matched receives the glyphs that a match passed over, which the host keeps behind the
+  ///   replacement; untouched by other hits.
+  /// @param alternate which alternate to take, from 1; below 1 none is taken.
+  /// @return the number of glyphs of `output` that form the replacement; 0 if nothing applied.
   static int processGSUB(const FS_GSUBGPOSInfo* info, unsigned int tag, const GlyphIDArray& input,
                          int& position, GlyphIDArray& output, GlyphIDArray& matched, int alternate);
-  /// Applies substitution lookup `index` to a whole array.
+  /// Applies one lookup to a whole array; `index` is that of `getGSUBFeatureTag`.
+  /// @param input a position whose `ligaInfo` and `skipInfo` are not both 0 is not worked on.
+  /// @param output replaced wholly, also its words; untouched by an invalid `index`.
+  /// @return whether any position changed.
   static bool processGSUB3(const FS_GSUBGPOSInfo* info, int index, const GlyphIDArray2& input,
                            GlyphIDArray2& output, int alternate);
   /// Applies a feature's positioning at one position; moves are in font units.
+  /// @param glyphs changed in place.
+  /// @return whether any lookup applied. `info` must not be null.
   static bool processGPOS(const FS_GSUBGPOSInfo* info, unsigned int tag,
                           std::vector<GlyphIDPosition>& glyphs, int position, bool rightToLeft);
-  /// Applies positioning lookup `index` to a whole vector; moves are in font units.
+  /// Applies one positioning lookup to a whole vector, as `processGSUB3` does.
   static int processGPOS3(const FS_GSUBGPOSInfo* info, int index,
                           std::vector<GlyphIDPosition>& glyphs, bool rightToLeft);
   /// Always false, with `output` untouched.
