@@ -38,8 +38,8 @@ std::string header(std::uint32_t length, std::uint32_t numGroups) {
   return BeBytes().u16(12).u16(0).u32(length).u32(0).u32(numGroups).str();
 }
 
-void expectBothSearchesAgree(const CmapFormat12& table, int step = 1) {
-  for (int code = -2; code <= 0x110010; code += step) {
+void expectBothSearchesAgree(const CmapFormat12& table, int last, int step = 1) {
+  for (int code = -2; code <= last; code += step) {
     ASSERT_EQ(table.glyph(code), table.glyphByHalving(code)) << code;
   }
 }
@@ -156,19 +156,19 @@ TEST(CmapFormat12, BothSearchesFindEachGroupOfASoundTable) {
         ASSERT_EQ(table.glyph(static_cast<int>(code)), (group.glyph + code - group.start) & 0xFFFF);
       }
     }
-    expectBothSearchesAgree(table);
+    expectBothSearchesAgree(table, 0x110010, 13);
   }
 }
 
 TEST(CmapFormat12, DamagedGroupsAnswerAsTheirSearchSays) {
   RandomDraw random(1212);
-  for (int round = 0; round < 40; ++round) {
+  for (int round = 0; round < 25; ++round) {
     auto groups = randomGroups(random, 2 + random.below(60));
     for (unsigned hits = 1 + random.below(3); hits > 0; --hits) {
       CmapGroup& group = groups[random.below(static_cast<unsigned>(groups.size()))];
       (random.below(2) != 0 ? group.start : group.end) = random.below(50000);
     }
-    expectBothSearchesAgree(make(groups), 7);
+    expectBothSearchesAgree(make(groups), 51000);
   }
 }
 
