@@ -1,5 +1,8 @@
 #pragma once
 
+#include <memory>
+
+#include "embed/cff/cff_info.h"
 #include "font/cmap/character_maps.h"
 #include "font/metrics/hmtx.h"
 #include "font/metrics/kern.h"
@@ -11,6 +14,8 @@ namespace QXFontService_NS::sfnt {
 /// What is read of a font only when a host wants to set text in it. The layout tables stand beside
 /// it. Immutable once published.
 struct LoadedTables {
+  /// Null without a `CFF ` table that could be read.
+  std::unique_ptr<FS_CFFInfo> cff;
   metrics::Maxp maxp;
   cmap::CharacterMaps maps;
   metrics::HMetrics hMetrics;

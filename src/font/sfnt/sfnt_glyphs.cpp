@@ -110,6 +110,10 @@ float FS_TrueTypeInfo::getPairKerningValue(unsigned short left, unsigned short r
                                records_.head.unitsPerEm);
 }
 
+unsigned short FS_TrueTypeInfo::variationSequence(int code, int selector) const {
+  return loaded().maps.variationSequence(code, selector);
+}
+
 unsigned short FS_TrueTypeInfo::getEudcGlyphID(int code) const {
   return QXFontService_NS::getEudcGlyphID(loaded().maps, loaded().hMetrics, code);
 }

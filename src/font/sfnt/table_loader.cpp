@@ -47,7 +47,7 @@ class TableLoader {
       : request_(request), report_(report) {}
 
   LoadedTables load() {
-    check(findCff());
+    check(readCff());
     check(readMaxp());
     readGdef();
     check(readLayout("GPOS", kGposTexts, layout::readGPOS));
@@ -85,7 +85,7 @@ class TableLoader {
     return bytes;
   }
 
-  TableResult findCff() const;
+  TableResult readCff();
   TableResult readMaxp();
   void readGdef();
   TableResult readLayout(const char (&tag)[5], const LayoutTexts& texts, LayoutReader reader);
@@ -97,8 +97,14 @@ class TableLoader {
   LoadedTables out_;
 };
 
-TableResult TableLoader::findCff() const {
-  if (find("CFF ") != nullptr || !request_.isOpenType) return std::nullopt;
+TableResult TableLoader::readCff() {
+  if (const TableRecord* record = find("CFF ")) {
+    out_.cff = std::make_unique<FS_CFFInfo>();
+    if (out_.cff->readCFF(request_.stream, record->offset)) return std::nullopt;
+    out_.cff.reset();
+    return readFailure(texts::kCffRead);
+  }
+  if (!request_.isOpenType) return std::nullopt;
   return formatFailure(find("CFF2") != nullptr ? texts::kCff2 : texts::kNoCff);
 }
 

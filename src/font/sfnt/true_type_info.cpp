@@ -34,6 +34,20 @@ const sfnt::LoadedTables& FS_TrueTypeInfo::loaded() const {
   return tables != nullptr ? *tables : kEmpty;
 }
 
+bool FS_TrueTypeInfo::getCIDSystemInfo(FS_CIDSystemInfo& out) const {
+  const FS_CFFInfo* cff = cffFont();
+  if (cff == nullptr || !cff->isCID) return false;
+  if (cff->registrySID == 0 || cff->orderingSID == 0) return false;
+  std::string registry;
+  std::string ordering;
+  if (!cff->getSIDString(cff->registrySID, registry)) return false;
+  if (!cff->getSIDString(cff->orderingSID, ordering)) return false;
+  out.Registry = UnicodeString::fromUTF8(registry);
+  out.Ordering = UnicodeString::fromUTF8(ordering);
+  out.Supplement = static_cast<int>(cff->supplement);
+  return true;
+}
+
 UnicodeString FS_TrueTypeInfo::getName(int language, int slot) const {
   return records_.names.get(language, slot);
 }

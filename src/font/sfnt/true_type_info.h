@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "qxcommon/lock.h"
+#include "qxfontservice/cid_system_info.h"
 #include "qxfontservice/code_page_range.h"
 #include "qxfontservice/embed_status.h"
 #include "qxfontservice/names.h"
@@ -137,6 +138,19 @@ class FS_TrueTypeInfo : public FS_LayoutTables {
   [[nodiscard]] unsigned short verticalGlyph(unsigned short gid) const;
   /// Whether the font can stand vertically, or was told that it does.
   [[nodiscard]] bool hasVerticalGlyph() const;
+
+  /// Whether the font lists variation sequences.
+  [[nodiscard]] bool hasVariationSelector() const { return loaded().maps.hasVariationSelector(); }
+  [[nodiscard]] unsigned short variationSequence(int code, int selector) const;
+  /// The largest number of characters that one of the character maps has.
+  [[nodiscard]] unsigned int getEmbedableCharCount() const { return loaded().maps.maxCharCount(); }
+
+  // --- CFF ---
+
+  /// The `CFF ` table, or null before it was read and where there is none; owned by the record.
+  [[nodiscard]] FS_CFFInfo* cffFont() const { return loaded().cff.get(); }
+  /// The character collection of a CID-keyed CFF; false, with `out` untouched, for others.
+  bool getCIDSystemInfo(FS_CIDSystemInfo& out) const;
 
   // --- End-user-defined characters ---
 
