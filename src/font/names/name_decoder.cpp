@@ -58,14 +58,10 @@ bool isControl(char16_t unit) {
 
 /// Units up to the first zero unit.
 std::optional<std::u16string> decodeUtf16(ByteView text) {
-  std::u16string name;
-  name.reserve(text.size() / 2);
-  for (std::size_t at = 0; at < text.size(); at += 2) {
-    const char16_t unit = text.u16(at);
-    if (unit == 0) break;
-    if (isControl(unit)) return std::nullopt;
-    name.push_back(unit);
-  }
+  std::u16string name(text.size() / 2, u'\0');
+  for (std::size_t i = 0; i < name.size(); ++i) name[i] = text.u16(2 * i);
+  name.resize(std::min(name.find(u'\0'), name.size()));
+  if (std::any_of(name.begin(), name.end(), isControl)) return std::nullopt;
   return name;
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "common/limits.h"
 #include "font/names/name_decoder.h"
 #include "font/names/name_record.h"
 #include "font/names/name_slots.h"
@@ -19,8 +20,6 @@ namespace texts = sfnt::texts;
 constexpr std::uint32_t kHeaderSize = 6;
 /// No record and no string begins or ends behind this, whatever the directory says.
 constexpr std::uint64_t kLargestTable = kHeaderSize + std::uint64_t{NameRecord::kSize} * 0xFFFF;
-/// Bytes of strings decoded for one font: the records of a damaged one may all name the same bytes.
-constexpr std::uint64_t kDecodedLimit = 32 * 1024 * 1024;
 
 class NameReader {
  public:
@@ -91,7 +90,7 @@ TableResult NameReader::takePass(int pass) {
 /// The bytes of a string; nothing where the file is too short. A spent budget gives no bytes.
 std::optional<ByteView> NameReader::stringOf(const NameRecord& record) {
   decoded_ += record.length;
-  if (decoded_ > kDecodedLimit) return ByteView();
+  if (decoded_ > QXCommonNS::limits::kMostFaceNameBytes) return ByteView();
   return window_.read(std::uint64_t{stringOffset_} + record.offset, record.length);
 }
 
