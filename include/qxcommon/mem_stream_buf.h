@@ -78,6 +78,8 @@ class QX_EXPORT QXMemStreamBuf : public std::streambuf {
   /// What the source can do is found out at the first need.
   enum class Source : unsigned char { none, untried, seekable, sequential };
 
+  std::size_t indexOf(std::uint64_t position) const { return position >> blockBits_; }
+  std::size_t offsetIn(std::uint64_t position) const { return position & (blockSize_ - 1); }
   std::uint64_t getPosition() const;
   std::uint64_t putPosition();
   void setGetPosition(std::uint64_t position);
@@ -104,7 +106,8 @@ class QX_EXPORT QXMemStreamBuf : public std::streambuf {
   void clearState();
 
   std::vector<Block> blocks_;
-  std::size_t blockSize_;
+  std::size_t blockSize_;  // a power of two, whole words
+  int blockBits_;
   std::unique_ptr<std::istream> owned_;
   std::istream* source_ = nullptr;
   std::ios* stream_ = nullptr;      // whose state bits the searching operations clear

@@ -59,8 +59,8 @@ void QXMemStreamBuf::trySource() {
 // A source that cannot seek is read in order, block by block, and let go at its end.
 void QXMemStreamBuf::pullTo(std::uint64_t end) {
   while (sourceKind_ == Source::sequential && heldEnd_ < end) {
-    const std::size_t at = heldEnd_ % blockSize_;
-    char* block = blockAt(heldEnd_ / blockSize_);
+    const std::size_t at = offsetIn(heldEnd_);
+    char* block = blockAt(indexOf(heldEnd_));
     source_->read(block + at, static_cast<std::streamsize>(blockSize_ - at));
     const auto came = static_cast<std::uint64_t>(source_->gcount());
     heldEnd_ += came;
@@ -109,7 +109,7 @@ std::size_t QXMemStreamBuf::readPastBlocks(char* out, std::size_t count) {
   if (sourceKind_ != Source::seekable || position >= sourceLength_) return 0;
   const std::uint64_t most = std::min<std::uint64_t>(position + count, sourceLength_);
   std::uint64_t end = position;
-  while (end < most && !isHeld(end / blockSize_)) end += blockSize_ - end % blockSize_;
+  while (end < most && !isHeld(indexOf(end))) end += blockSize_ - offsetIn(end);
   end = std::min(end, most);
   if (end == position) return 0;
   const std::size_t came = readSource(position, out, end - position);
@@ -123,8 +123,8 @@ unsigned int QXMemStreamBuf::calcOTFTableChecksum() {
   std::uint32_t sum = 0;
   for (std::uint64_t start = 0; start < end; start += blockSize_) {
     const std::size_t count = std::min<std::uint64_t>(blockSize_, end - start);
-    if (isHeld(start / blockSize_)) {
-      sum += stream::otfChecksum({blocks_[start / blockSize_].bytes.get(), count});
+    if (isHeld(indexOf(start))) {
+      sum += stream::otfChecksum({blocks_[indexOf(start)].bytes.get(), count});
     } else if (start < sourceLength_) {
       if (!passing) passing = std::make_unique<char[]>(blockSize_);
       const std::size_t wanted = std::min<std::uint64_t>(count, sourceLength_ - start);

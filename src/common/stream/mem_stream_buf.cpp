@@ -27,7 +27,7 @@ std::size_t atMost(std::size_t count, std::ptrdiff_t room) {
 }  // namespace
 
 QXMemStreamBuf::QXMemStreamBuf(std::istream* source, std::size_t blockSize, bool own, bool keep)
-    : blockSize_(saneBlockSize(blockSize)), keep_(keep) {
+    : blockSize_(saneBlockSize(blockSize)), blockBits_(std::countr_zero(blockSize_)), keep_(keep) {
   setSource(source, own);
 }
 
@@ -36,7 +36,7 @@ QXMemStreamBuf::~QXMemStreamBuf() = default;
 void QXMemStreamBuf::setKeepMemory(bool keep) {
   keep_ = keep;
   if (keep_) return;
-  const std::size_t reading = eback() != nullptr ? getStart_ / blockSize_ : blocks_.size();
+  const std::size_t reading = eback() != nullptr ? indexOf(getStart_) : blocks_.size();
   for (std::size_t i = 0; i < blocks_.size(); ++i) {
     if (i != reading) release(i);
   }
@@ -68,8 +68,8 @@ void QXMemStreamBuf::setGetPosition(std::uint64_t position) {
 }
 
 void QXMemStreamBuf::leaveGetArea(std::uint64_t position) {
-  const bool leavesBlock = eback() != nullptr && position / blockSize_ != getStart_ / blockSize_;
-  if (leavesBlock && !keep_) release(getStart_ / blockSize_);
+  const bool leavesBlock = eback() != nullptr && indexOf(position) != indexOf(getStart_);
+  if (leavesBlock && !keep_) release(indexOf(getStart_));
   setg(nullptr, nullptr, nullptr);
   getStart_ = position;
 }
@@ -95,7 +95,7 @@ bool QXMemStreamBuf::openGetArea() {
   pullTo(position + 1);
   if (position >= knownEnd()) return false;
   leaveGetArea(position);
-  const std::size_t index = position / blockSize_;
+  const std::size_t index = indexOf(position);
   char* block = blockAt(index);
   const std::uint64_t start = std::uint64_t{index} * blockSize_;
   const std::uint64_t end = std::min<std::uint64_t>(knownEnd(), start + blockSize_);
@@ -111,10 +111,10 @@ bool QXMemStreamBuf::openPutArea() {
   noteWritten();
   trySource();
   pullTo(limits::kMostStreamBytes);  // what comes late must not land on what is written now
-  const std::size_t index = position / blockSize_;
+  const std::size_t index = indexOf(position);
   char* block = blockAt(index);
   blocks_[index].written = true;
-  setp(block + position % blockSize_, block + blockSize_);
+  setp(block + offsetIn(position), block + blockSize_);
   putStart_ = position;
   putAtEnd_ = false;
   return true;
