@@ -18,7 +18,7 @@ void markOrigin(FS_BaseFont& font, int flags) {
 /// The location of a file that a listing gave: the name is joined as it stands, since any
 /// character but the separator may be part of it.
 QXUri fileUri(const FS_FontFolder& folder, const FS_FontFileName& name) {
-  return QXUri(folder.getText() + name.name, QXCommonNS::URISTR_USER);
+  return QXUri(folder.getText() + name.name, QXCommonNS::URISTR_FOLDER);
 }
 
 }  // namespace
