@@ -42,6 +42,7 @@ QXUri resolved(const UnicodeString& fontFolder, const UnicodeString& file) {
 /// A hexadecimal number at `at`, which is left behind it; overlong ones saturate.
 std::int64_t hexNumber(const UnicodeString& text, int& at) {
   std::int64_t number = 0;
+  while (at < text.length() && u_isspace(text.charAt(at)) != 0) ++at;
   for (; at < text.length(); ++at) {
     const int digit = u_digit(text.charAt(at), 16);
     if (digit < 0) break;
