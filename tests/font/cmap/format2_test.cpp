@@ -120,10 +120,10 @@ TEST(CmapFormat2, AnOddByteAtTheEndIsNotRead) {
 }
 
 TEST(CmapFormat2, ACutSubtableNamesThePart) {
-  const std::size_t array = kSubHeaders + 24;
-  qxtest::forEachPrefix(sample(), [array](const std::string& cut) {
+  constexpr std::size_t kArray = kSubHeaders + 24;
+  qxtest::forEachPrefix(sample(), [](const std::string& cut) {
     const std::string part = cut.size() < kSubHeaders ? ""
-                             : cut.size() < array     ? " SubHeaders"
+                             : cut.size() < kArray    ? " SubHeaders"
                                                       : " glyphIndexArray";
     CmapFormat2 table;
     EXPECT_EQ(readFrom(cut, readFormat2, table),

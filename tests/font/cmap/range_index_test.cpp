@@ -29,10 +29,10 @@ TEST(RangeIndex, NamesTheOnlyRangeThatMayHoldACode) {
   }
 }
 
-TEST(RangeIndex, CoversTheBlocksUpToTheLastRange) {
+TEST(RangeIndex, CoversAllUpToTheLastRange) {
   const RangeIndex index = indexOf({{0x300, 0x301}});
   EXPECT_TRUE(index.covers(0));
-  EXPECT_TRUE(index.covers(0x3FF));
+  EXPECT_TRUE(index.covers(0x301));
   EXPECT_FALSE(index.covers(0x400));
   EXPECT_FALSE(index.covers(UINT32_MAX));
 }
@@ -49,6 +49,16 @@ TEST(RangeIndex, RangesThatDoNotAscendAreLeftAlone) {
   EXPECT_TRUE(indexOf({{5, 6}, {6, 7}}).empty());
   EXPECT_TRUE(indexOf({{10, 11}, {1, 2}}).empty());
   EXPECT_FALSE(indexOf({{5, 6}, {7, 7}}).empty());
+}
+
+TEST(RangeIndex, MoreRangesThanGlyphsAreLeftAlone) {
+  Ranges ranges;
+  for (std::uint32_t i = 0; i < 0xFFFF; ++i) ranges.emplace_back(2 * i, 2 * i);
+  const RangeIndex most = indexOf(ranges);
+  const auto startAt = [&](std::size_t i) { return ranges[i].first; };
+  EXPECT_EQ(most.candidate(2 * 0xFFFE, startAt), 0xFFFEu);
+  ranges.emplace_back(0x30000, 0x30000);
+  EXPECT_TRUE(indexOf(ranges).empty());
 }
 
 TEST(RangeIndex, TellsWhichBlocksARangeTouches) {
