@@ -44,6 +44,9 @@ Ligatures::Ligature Ligatures::readLigature(layout::GraphReader& reader, std::ui
 unsigned short Ligatures::ligatureGlyph(const FS_LayoutTables& font,
                                         const layout::GlyphSequence& glyphs, int& position,
                                         unsigned int flag, std::vector<int>& skipped) const {
+  // A ligature of glyph 0xFFFF moves the position and is no answer, so the next subtable may be
+  // asked behind the end.
+  if (position >= glyphs.size()) return layout::kNoGlyph;
   const int index = coverageIndexOf(glyphs[position].glyphID);
   if (index < 0 || static_cast<std::size_t>(index) >= sets_.size()) return layout::kNoGlyph;
   for (const Ligature& ligature : sets_[static_cast<std::size_t>(index)].of(ligatures_)) {
