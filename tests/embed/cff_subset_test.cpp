@@ -1,0 +1,191 @@
+#include "embed/cff_subset.h"
+
+#include <gtest/gtest.h>
+
+#include "embed/cff_subset_fixture.h"
+#include "support/truncation.h"
+
+namespace QXFontService_NS::embed {
+namespace {
+
+using qxtest::bytesOf;
+using qxtest::CffBuilder;
+using qxtest::cffIndex;
+using qxtest::CharStringBuilder;
+using qxtest::DictBuilder;
+using qxtest::DictForm;
+using Gids = std::vector<std::uint16_t>;
+
+std::string subsetFrom(CffBuilder& builder, const Gids& gids, std::uint16_t space = 1) {
+  OpenedCff font(builder);
+  font.source.spaceGlyph = space;
+  return written([&](auto& out) { return makeCFFSubsetFont(font.source, gids, out); });
+}
+
+FS_CFFStrings charStringsOf(OpenedCff& font) {
+  FS_CFFIndexHeader header;
+  FS_CFFStrings entries;
+  EXPECT_TRUE(cff::readCFFIndexHeader(font.source.table,
+                                      font.info.topInteger(Keyword::kCharStrings), header));
+  EXPECT_TRUE(cff::readIndexEntries(header, font.stream, entries));
+  return entries;
+}
+
+FS_CFFStrings subsetGlyphs(CffBuilder& builder, const Gids& gids, std::uint16_t space = 1) {
+  OpenedCff font(subsetFrom(builder, gids, space));
+  return charStringsOf(font);
+}
+
+TEST(CffSubsetFont, KeepsIdsAndFillsTheGapsWithTheSpace) {
+  CffBuilder builder = nameKeyedFont(8);
+  EXPECT_EQ(subsetGlyphs(builder, {5, 3}), (FS_CFFStrings{glyphOf(0), glyphOf(1), glyphOf(1),
+                                                          glyphOf(3), glyphOf(1), glyphOf(5)}));
+}
+
+// The count ends at the highest id, whatever `maxp` says: kept.
+TEST(CffSubsetFont, NothingIsWrittenBehindTheHighestGlyph) {
+  CffBuilder builder = nameKeyedFont(8);
+  EXPECT_EQ(subsetGlyphs(builder, {1}).size(), 2u);
+  EXPECT_EQ(subsetGlyphs(builder, {7}).size(), 8u);
+}
+
+TEST(CffSubsetFont, ZeroRepeatsAndNoGlyphAddNothing) {
+  CffBuilder builder = nameKeyedFont(8);
+  EXPECT_EQ(subsetGlyphs(builder, {0}), FS_CFFStrings{glyphOf(0)});
+  EXPECT_EQ(subsetGlyphs(builder, {0xFFFF}), FS_CFFStrings{glyphOf(0)});
+  EXPECT_EQ(subsetGlyphs(builder, {2, 0, 2, 0xFFFF, 1}),
+            (FS_CFFStrings{glyphOf(0), glyphOf(1), glyphOf(2)}));
+}
+
+TEST(CffSubsetFont, WithoutASpaceGlyphZeroFills) {
+  CffBuilder builder = nameKeyedFont(8);
+  for (std::uint16_t space : {std::uint16_t{0xFFFF}, std::uint16_t{8}, std::uint16_t{0}})
+    EXPECT_EQ(subsetGlyphs(builder, {2}, space),
+              (FS_CFFStrings{glyphOf(0), glyphOf(0), glyphOf(2)}));
+}
+
+TEST(CffSubsetFont, RefusesNoGlyphsNoTableAndGlyphsPastTheEnd) {
+  CffBuilder builder = nameKeyedFont(8);
+  EXPECT_EQ(subsetFrom(builder, {}), "false");
+  EXPECT_EQ(subsetFrom(builder, {8}), "false");
+  const CffSubsetSource none;
+  EXPECT_EQ(written([&](auto& out) { return makeCFFSubsetFont(none, {1}, out); }), "false");
+}
+
+TEST(CffSubsetFont, KeepsAllThatStandsBeforeCharStrings) {
+  CffBuilder builder = nameKeyedFont(8);
+  builder.top.entry(0, 391);
+  builder.encoding = bytesOf({0, 1, 65});
+  const std::string source = builder.build();
+  const std::string out = subsetFrom(builder, {5});
+  // Header and the operand of Private apart, byte for byte.
+  std::string expected = source.substr(0, builder.at("CharStrings"));
+  expected.replace(0, 4, bytesOf({1, 0, 4, 3}));
+  const std::size_t operand = builder.at("Strings") - 5;
+  expected.replace(operand, 4, out.substr(operand, 4));
+  EXPECT_EQ(out.substr(0, expected.size()), expected);
+}
+
+TEST(CffSubsetFont, KeepsPrivateSubrsAndCharsetOfANameKeyedFont) {
+  CffBuilder builder = nameKeyedFont(8);
+  OpenedCff font(subsetFrom(builder, {5}));
+  ASSERT_TRUE(font.loaded);
+  QXCommonNS::QXValue privateMap;
+  cff::LocalSubrs subrs;
+  ASSERT_TRUE(cff::readLocalSubrs(font.source.table, font.info.topDict, privateMap, subrs));
+  EXPECT_EQ(itemOf(privateMap, Keyword::kDefaultWidthX).getIntegerValue(), 500);
+  EXPECT_EQ(cff::stringsOf(subrs), FS_CFFStrings{"\x0B"});
+  EXPECT_EQ(font.info.getCIDFromGID(5), 5);
+}
+
+TEST(CffSubsetFont, MovesTheFontDictsOfACidKeyedFont) {
+  CffBuilder builder = cidKeyedFont(20);
+  OpenedCff font(subsetFrom(builder, {15, 3}));
+  ASSERT_TRUE(font.loaded);
+  EXPECT_EQ(charStringsOf(font).size(), 16u);
+  cff::FontDicts dicts;
+  ASSERT_TRUE(cff::readFDArray(font.source.table, font.info, dicts));
+  EXPECT_EQ(itemOf(dicts.privates[1], Keyword::kDefaultWidthX).getIntegerValue(), 501);
+  EXPECT_EQ(cff::stringsOf(dicts.subrs[0]), FS_CFFStrings{"\x0B"});
+  EXPECT_EQ(cff::stringsOf(dicts.subrs[1]), FS_CFFStrings{"\x0C"});
+}
+
+TEST(CffSubsetFont, StructuresBeforeCharStringsStayWhereTheyAre) {
+  CffBuilder builder = cidKeyedFont(20);
+  builder.order = {"charset", "FDSelect", "FDArray", "CharStrings"};
+  const std::string out = subsetFrom(builder, {3});
+  EXPECT_EQ(out.substr(4, builder.at("CharStrings") - 4),
+            builder.build().substr(4, builder.at("CharStrings") - 4));
+}
+
+TEST(CffSubsetFont, NeedsNoCharset) {
+  CffBuilder builder = nameKeyedFont(8);
+  builder.charset.clear();
+  EXPECT_EQ(subsetGlyphs(builder, {2}).size(), 3u);
+}
+
+TEST(CffSubsetFont, NeedsCharStringsBehindTheTopDict) {
+  CffBuilder none = nameKeyedFont(8);
+  none.charset.clear();
+  none.writeCharStrings = false;
+  EXPECT_EQ(subsetFrom(none, {1}), "false");
+  none.top.entry(17, 6);
+  EXPECT_EQ(subsetFrom(none, {1}), "false");
+}
+
+// Shorter operands are patched as if they had five bytes, over what follows: kept.
+TEST(CffSubsetFont, ShortPrivateOperandIsOverwrittenPastItsEnd) {
+  CffBuilder builder = nameKeyedFont(8);
+  builder.privateOffsetForm = DictForm::twoBytes;
+  const std::string source = builder.build();
+  const std::string out = subsetFrom(builder, {5});
+  const std::size_t operand = builder.at("Strings") - 4;  // 28, two bytes, 18
+  ASSERT_EQ(source[operand], 28);
+  EXPECT_EQ(out[operand], 28);
+  EXPECT_EQ(out.substr(operand + 1, 2), std::string(2, '\0'));
+  EXPECT_NE(out[operand + 3], 18);  // the operator is gone
+}
+
+TEST(CffSubsetFont, CompositesGetNoParts) {
+  CffBuilder builder = nameKeyedFont(6);
+  builder.glyphs[5] = CharStringBuilder().numbers({10, 20, 65, 194}).op(14).str();
+  EXPECT_EQ(subsetGlyphs(builder, {5}), (FS_CFFStrings{glyphOf(0), glyphOf(1), glyphOf(1),
+                                                       glyphOf(1), glyphOf(1), builder.glyphs[5]}));
+}
+
+TEST(CffSubsetFont, OffSizeFollowsTheData) {
+  for (const auto& [size, offSize] : {std::pair<int, int>{254 - 3, 1}, {255 - 3, 2}}) {
+    CffBuilder builder = nameKeyedFont(4);
+    builder.glyphs[1] = std::string(static_cast<std::size_t>(size), '\x0E');
+    ASSERT_EQ(glyphOf(0).size(), 3u);
+    const std::string out = subsetFrom(builder, {1});
+    EXPECT_EQ(out[builder.at("CharStrings") + 2], offSize) << size;
+  }
+}
+
+TEST(CffSubsetFont, TopDictIndexKeepsItsOffSize) {
+  CffBuilder builder = nameKeyedFont(4);
+  const std::string source = builder.build();
+  EXPECT_EQ(subsetFrom(builder, {1}).substr(13, 5), source.substr(13, 5));
+}
+
+TEST(CffSubsetFont, TwoRunsGiveTheSameBytes) {
+  CffBuilder builder = cidKeyedFont(20);
+  EXPECT_EQ(subsetFrom(builder, {3, 15}), subsetFrom(builder, {15, 3}));
+}
+
+TEST(CffSubsetFont, SurvivesDamage) {
+  for (CffBuilder builder : {nameKeyedFont(5), cidKeyedFont(5)}) {
+    qxtest::forEachDamage(builder.build(), [](const std::string& bytes) {
+      OpenedCff font(bytes);
+      if (!font.loaded) return;
+      const std::string out = written([&](auto& stream) {
+        return makeCFFSubsetFont(font.source, {1, 3}, stream);
+      });
+      EXPECT_LE(out.size(), 6 * bytes.size() + 200);
+    });
+  }
+}
+
+}  // namespace
+}  // namespace QXFontService_NS::embed
