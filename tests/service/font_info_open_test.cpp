@@ -1,0 +1,119 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "qxfontservice/glyph_draw_info.h"
+
+#include "service/service_test.h"
+#include "support/sample_font.h"
+
+namespace QXFontService_NS {
+namespace {
+
+constexpr QXLang::LanguageID kLang = QXLang::LANGID_DEFAULT;
+
+QXUri uriOf(const char16_t* path) {
+  return QXUri(path, QXCommonNS::URISTR_USER);
+}
+
+class OpenByUri : public qxtest::ServiceTest {
+ protected:
+  OpenByUri() { world.file("/doc/a.ttf", qxtest::sampleFont().build()); }
+  ~OpenByUri() override { info.deleteFont(); }
+
+  std::string errorText() const {
+    std::string result;
+    return info.getError().getErrorMessage().toUTF8String(result);
+  }
+
+  FS_FontInfo info;
+};
+
+TEST_F(OpenByUri, OpensAFileThatNoPoolKnowsAndHoldsTheOneReference) {
+  ASSERT_TRUE(info.createFont(uriOf(u"/doc/a.ttf")));
+  EXPECT_EQ(info.getError().getErrorCode(), 0);
+  EXPECT_EQ(info.getFont()->refCount.load(), 1);
+  EXPECT_EQ(info.getFontFileType(), FS_FILETYPE_TRUETYPE);
+  EXPECT_TRUE(info.getFamilyName(kLang) == u"QX Sample");
+  EXPECT_EQ(info.getGlyphID('A', false), 2);
+  FS_FontInfo byName;
+  EXPECT_FALSE(byName.createFont(u"QX Sample", 400, false));
+}
+
+TEST_F(OpenByUri, KeepsNoFileOpen) {
+  ASSERT_TRUE(info.createFont(uriOf(u"/doc/a.ttf")));
+  EXPECT_EQ(world.openStreams(), 0U);
+  EXPECT_FALSE(FS_FontInfo().createFont(uriOf(u"/doc/none.ttf")));
+  EXPECT_EQ(world.openStreams(), 0U);
+}
+
+TEST_F(OpenByUri, MakesANewObjectEachTime) {
+  ASSERT_TRUE(info.createFont(uriOf(u"/doc/a.ttf")));
+  FS_FontInfo second;
+  ASSERT_TRUE(second.createFont(uriOf(u"/doc/a.ttf")));
+  EXPECT_NE(second.getFont(), info.getFont());
+  second.deleteFont();
+}
+
+TEST_F(OpenByUri, TheExtensionPlaysNoPart) {
+  world.file("/doc/a.woff", qxtest::sampleFont().build());
+  ASSERT_TRUE(info.createFont(uriOf(u"/doc/a.woff")));
+  EXPECT_EQ(info.getFontFileType(), FS_FILETYPE_TRUETYPE);
+}
+
+TEST_F(OpenByUri, AMissingFileIsAShortRead) {
+  EXPECT_FALSE(info.createFont(uriOf(u"/doc/none.ttf")));
+  EXPECT_EQ(info.getError().getErrorCode(), 1921);
+  EXPECT_EQ(errorText(), "Font read error: Offset table read error\n/doc/none.ttf");
+  EXPECT_FALSE(info.isCreatedFont());
+}
+
+TEST_F(OpenByUri, AFailureSetsTheEntryToZeroAndLeavesTheFont) {
+  ASSERT_TRUE(info.createFont(uriOf(u"/doc/a.ttf")));
+  const FS_BaseFont* font = info.getFont();
+  EXPECT_FALSE(info.createFont(uriOf(u"/doc/none.ttf")));
+  EXPECT_EQ(info.getFont(), font);
+  EXPECT_EQ(info.getEntry(), 0);
+}
+
+TEST_F(OpenByUri, AFontWithoutACharacterMapIsNotMade) {
+  world.file("/doc/b.ttf", qxtest::sampleFont().without("cmap").build());
+  EXPECT_FALSE(info.createFont(uriOf(u"/doc/b.ttf")));
+  EXPECT_FALSE(info.isCreatedFont());
+}
+
+TEST_F(OpenByUri, FilesOfOtherKindsAreNeverMade) {
+  for (const char* head :
+       {"ttcf", "wOFF", "%!PS-AdobeFont-1.0", "StartFontMetrics 2.0", "\x80\x01"}) {
+    world.file("/doc/other", std::string(head) + std::string(64, '\0'));
+    EXPECT_FALSE(info.createFont(uriOf(u"/doc/other"))) << head;
+    EXPECT_FALSE(info.isCreatedFont()) << head;
+  }
+}
+
+TEST_F(OpenByUri, DrawsTheGlyphsOfTheFont) {
+  ASSERT_TRUE(info.createFont(uriOf(u"/doc/a.ttf")));
+  EXPECT_TRUE(info.isGlyphDrawInfoAvialable());
+  FS_GlyphDrawInfo draw;
+  ASSERT_TRUE(info.getGlyphDrawInfo(2, draw, false));
+  EXPECT_NEAR(draw.horiAdvance, 600, 2);  // hinting is on, so it is not that of `hmtx`
+  EXPECT_EQ(draw.contours.size(), 1U);
+  EXPECT_FALSE(info.getGlyphDrawInfo(4, draw, false));
+  EXPECT_FALSE(draw.valid);
+}
+
+TEST_F(OpenByUri, EveryCutOfTheFileIsAnAnswer) {
+  const std::string whole = qxtest::sampleFont().build();
+  for (std::size_t size = 0; size < whole.size(); ++size) {
+    world.file("/doc/cut.ttf", whole.substr(0, size));
+    FS_FontInfo cut;
+    if (cut.createFont(uriOf(u"/doc/cut.ttf"))) {
+      cut.getGlyphID('A', false);
+      cut.getTextWidth(u"AB", 10, false, nullptr);
+    }
+    cut.deleteFont();
+  }
+}
+
+}  // namespace
+}  // namespace QXFontService_NS
