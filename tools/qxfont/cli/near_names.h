@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "qxfont/cli/service.h"
+
+namespace qxfont {
+
+/// The names of families that are nearest to a name that no font has, best first, at most three.
+std::vector<std::string> nearNames(Service& service, const std::string& name);
+
+/// How many characters have to be put in, left out or changed to turn one text into the other;
+/// case does not count.
+int editDistance(const icu::UnicodeString& a, const icu::UnicodeString& b);
+
+}  // namespace qxfont

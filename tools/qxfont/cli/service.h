@@ -1,0 +1,40 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "qxfont/cli/options.h"
+#include "qxfont/cli/temporary_folder.h"
+#include "qxfontservice/font_service.h"
+
+namespace qxfont {
+
+namespace fs = QXFontService_NS;
+
+/// The opened font service, with the fonts that the command line asked for.
+class Service {
+ public:
+  /// Opens the service; what opening collected is told in one line on standard error.
+  /// @throws ToolError when it cannot be opened, or a named folder or font is no good.
+  explicit Service(const SourceOptions& options);
+
+  /// The document's fonts, for lookups.
+  [[nodiscard]] fs::FS_ExtraFonts* documentFonts() const { return manager_.getExtraFonts(); }
+  [[nodiscard]] fs::FS_ExtraFontManager& documentManager() { return manager_; }
+
+  /// How many faces the service lists.
+  [[nodiscard]] int faceCount();
+
+ private:
+  void open(const SourceOptions& options);
+  void openOnly(const std::vector<std::string>& folders);
+  void openWith(const char* variable);
+  void addFolder(const std::string& folder);
+  void addDocument(const std::string& text);
+  static void tellWarnings();
+
+  std::optional<TemporaryFolder> temporary_;
+  fs::FS_ExtraFontManager manager_;
+};
+
+}  // namespace qxfont

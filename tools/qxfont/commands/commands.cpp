@@ -1,0 +1,14 @@
+#include "qxfont/commands/commands.h"
+
+namespace qxfont {
+
+void addCommands(CLI::App& app, Chosen& chosen) {
+  addListCommand(app, chosen);
+  addMatchCommand(app, chosen);
+  addInfoCommand(app, chosen);
+  addGlyphsCommand(app, chosen);
+  addEmbedCommand(app, chosen);
+  addTypesetCommand(app, chosen);
+}
+
+}  // namespace qxfont

@@ -1,0 +1,107 @@
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "qxfont/cli/open_font.h"
+#include "qxfont/cli/options.h"
+#include "qxfont/cli/output.h"
+#include "qxfont/cli/service.h"
+#include "qxfont/cli/text.h"
+#include "qxfont/commands/commands.h"
+
+namespace qxfont {
+namespace {
+
+struct GlyphsOptions {
+  SourceOptions source;
+  FontOptions font;
+  OutputOptions output;
+  std::string text;
+  bool vertical = false;
+  int size = 0;
+};
+
+struct GlyphRow {
+  int code;
+  unsigned short glyph;
+  float width;
+};
+
+struct GlyphsResult {
+  std::vector<GlyphRow> rows;
+  float textWidth = 0;
+  int firstMissing = -1;
+};
+
+GlyphsResult ask(const fs::FS_FontInfo& font, const GlyphsOptions& options) {
+  const icu::UnicodeString text = unicode(options.text);
+  GlyphsResult result;
+  std::vector<unsigned short> glyphs(static_cast<std::size_t>(text.countChar32()));
+  int count = 0;
+  if (!font.getGlyphIDs(text, glyphs.data(), count, options.vertical, &result.firstMissing)) {
+    return result;
+  }
+  std::size_t row = 0;
+  for (int i = 0; i < text.length(); i = text.moveIndex32(i, 1), ++row) {
+    const unsigned short glyph = glyphs[row];
+    result.rows.push_back(
+        {text.char32At(i), glyph, font.getGlyphWidth(glyph, options.size, options.vertical)});
+  }
+  result.textWidth = font.getTextWidth(text, options.size, options.vertical, nullptr);
+  return result;
+}
+
+Json resultJson(const GlyphsResult& result) {
+  Json json;
+  json["glyphs"] = Json::array();
+  for (const GlyphRow& row : result.rows) {
+    json["glyphs"].push_back({{"code", row.code}, {"glyph", row.glyph}, {"width", row.width}});
+  }
+  json["text_width"] = result.textWidth;
+  json["first_missing"] = result.firstMissing;
+  return json;
+}
+
+void printResult(const GlyphsResult& result) {
+  TextTable table({"character", "glyph", "width"});
+  for (const GlyphRow& row : result.rows) {
+    table.add({fmt::format("{} {}", codePointName(row.code), utf8(icu::UnicodeString(row.code))),
+               row.glyph == 0xFFFF ? "none" : fmt::format("{}", row.glyph),
+               fmt::format("{}", row.width)});
+  }
+  table.print();
+  fmt::print("text width {}", result.textWidth);
+  if (result.firstMissing >= 0) fmt::print(", first missing at {}", result.firstMissing);
+  fmt::print("\n");
+}
+
+void glyphs(const GlyphsOptions& options) {
+  Service service(options.source);
+  const OpenFont font = openFont(service, options.font);
+  const GlyphsResult result = ask(*font, options);
+  if (options.output.json) {
+    printJson(resultJson(result));
+  } else {
+    printResult(result);
+  }
+}
+
+}  // namespace
+
+void addGlyphsCommand(CLI::App& app, Chosen& chosen) {
+  auto options = std::make_shared<GlyphsOptions>();
+  CLI::App* command = app.add_subcommand("glyphs", "Glyph ids and widths of a text");
+  addFontOptions(*command, options->font);
+  command->add_option("TEXT", options->text, "the text")->required();
+  command->add_flag("--vertical", options->vertical, "vertical forms");
+  command->add_option("--size", options->size,
+                      "cell height when positive, em when negative, font units when 0");
+  addJsonOption(*command, options->output);
+  addSourceOptions(*command, options->source);
+  command->callback([options, &chosen] { chosen = [options] { glyphs(*options); }; });
+}
+
+}  // namespace qxfont

@@ -1,0 +1,3 @@
+#include "qxfont/cli/app.h"
+
+int main(int argc, char** argv) { return qxfont::run(argc, argv); }
