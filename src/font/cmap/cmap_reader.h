@@ -9,7 +9,7 @@
 #include "font/cmap/format14.h"
 #include "font/cmap/format2.h"
 #include "font/cmap/format4.h"
-#include "font/table_failure.h"
+#include "font/directory/table_failure.h"
 
 namespace QXFontService_NS::cmap {
 

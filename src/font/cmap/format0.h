@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <istream>
 
-#include "font/table_failure.h"
+#include "font/directory/table_failure.h"
 
 namespace QXFontService_NS::cmap {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "font/cmap/range_index.h"
-#include "font/table_failure.h"
+#include "font/directory/table_failure.h"
 
 namespace QXFontService_NS::cmap {
 

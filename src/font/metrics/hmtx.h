@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "font/table_failure.h"
+#include "font/directory/table_failure.h"
 
 namespace QXFontService_NS::metrics {
 

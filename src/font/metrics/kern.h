@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "common/bytes/byte_view.h"
-#include "font/table_failure.h"
+#include "font/directory/table_failure.h"
 
 namespace QXFontService_NS::metrics {
 

@@ -4,7 +4,7 @@
 #include <istream>
 #include <optional>
 
-#include "font/table_failure.h"
+#include "font/directory/table_failure.h"
 
 namespace QXFontService_NS::metrics {
 

@@ -6,11 +6,11 @@
 #include <utility>
 
 #include "common/limits.h"
+#include "font/directory/report_texts.h"
+#include "font/directory/table_window.h"
 #include "font/names/name_decoder.h"
 #include "font/names/name_record.h"
 #include "font/names/name_slots.h"
-#include "font/sfnt/report_texts.h"
-#include "font/sfnt/table_window.h"
 
 namespace QXFontService_NS::names {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <istream>
 
+#include "font/directory/table_directory.h"
+#include "font/directory/table_failure.h"
 #include "font/names/font_names.h"
-#include "font/sfnt/table_directory.h"
-#include "font/table_failure.h"
 
 namespace QXFontService_NS::names {
 

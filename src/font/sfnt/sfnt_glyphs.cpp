@@ -2,7 +2,7 @@
 #include "font/contract/font_services.h"
 #include "font/metrics/vertical_forms.h"
 #include "font/sfnt/true_type_info.h"
-#include "font/text_walk.h"
+#include "font/text/text_walk.h"
 #include "layout/table/layout_table.h"
 
 // Answers about glyphs, widths and kerning from the big tables.

@@ -2,7 +2,7 @@
 
 #include "font/contract/base_font.h"
 #include "font/contract/font_file_options.h"
-#include "font/sfnt/report_texts.h"
+#include "font/directory/report_texts.h"
 #include "font/sfnt/table_loader.h"
 #include "font/sfnt/true_type_info.h"
 

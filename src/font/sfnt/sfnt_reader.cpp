@@ -9,8 +9,8 @@
 #include "qxfontservice/names.h"
 
 #include "common/bytes/stream_read.h"
+#include "font/directory/report_texts.h"
 #include "font/names/name_table.h"
-#include "font/sfnt/report_texts.h"
 
 namespace QXFontService_NS::sfnt {
 namespace {

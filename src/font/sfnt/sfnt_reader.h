@@ -4,8 +4,8 @@
 
 #include "qxfontservice/font_file_type.h"
 
+#include "font/directory/table_failure.h"
 #include "font/sfnt/sfnt_records.h"
-#include "font/table_failure.h"
 
 namespace QXFontService_NS::sfnt {
 

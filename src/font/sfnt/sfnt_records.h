@@ -3,12 +3,12 @@
 #include <vector>
 
 #include "embed/table_directory_image.h"
+#include "font/directory/table_directory.h"
 #include "font/names/font_names.h"
 #include "font/sfnt/head.h"
 #include "font/sfnt/hhea.h"
 #include "font/sfnt/os2.h"
 #include "font/sfnt/post.h"
-#include "font/sfnt/table_directory.h"
 #include "font/sfnt/vhea.h"
 #include "font/sfnt/vmtx.h"
 

@@ -4,8 +4,8 @@
 
 #include "common/bytes/stream_read.h"
 #include "font/cmap/cmap_reader.h"
+#include "font/directory/report_texts.h"
 #include "font/metrics/vertical_forms.h"
-#include "font/sfnt/report_texts.h"
 #include "layout/table/class_def.h"
 #include "layout/table/gdef.h"
 #include "layout/table/layout_table.h"

@@ -12,12 +12,12 @@
 #include "qxfontservice/panose.h"
 
 #include "font/contract/font_key.h"
+#include "font/directory/table_failure.h"
 #include "font/metrics/size_scale.h"
 #include "font/names/name_set.h"
 #include "font/sfnt/eudc_link.h"
 #include "font/sfnt/loaded_tables.h"
 #include "font/sfnt/sfnt_records.h"
-#include "font/table_failure.h"
 #include "layout/layout_tables.h"
 
 namespace QXFontService_NS {

@@ -5,7 +5,7 @@
 #include <sstream>
 #include <string>
 
-#include "font/table_failure.h"
+#include "font/directory/table_failure.h"
 
 namespace QXFontService_NS::cmap {
 

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "support/fake_font.h"
+#include "pool/fake_font.h"
 
 namespace QXFontService_NS {
 namespace {

@@ -1,4 +1,4 @@
-#include "font/sfnt/table_directory.h"
+#include "font/directory/table_directory.h"
 
 #include <algorithm>
 #include <numeric>

@@ -1,4 +1,4 @@
-#include "font/sfnt/table_window.h"
+#include "font/directory/table_window.h"
 
 #include <gtest/gtest.h>
 

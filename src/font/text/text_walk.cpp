@@ -1,4 +1,4 @@
-#include "font/text_walk.h"
+#include "font/text/text_walk.h"
 
 #include <unicode/utf16.h>
 
