@@ -3,6 +3,7 @@
 #include "font/contract/font_key_sink.h"
 #include "font/contract/font_services.h"
 #include "font/names/pool_names.h"
+#include "layout/driver/layout_info.h"
 
 namespace QXFontService_NS {
 namespace {
@@ -79,6 +80,12 @@ bool SfntFont::getOutlineTextMetrics(FS_NewTextMetricEx& out, int size, int entr
     info.getOutlineTextMetrics(out, size);
     return true;
   });
+}
+
+FS_GSUBGPOSInfo* SfntFont::getGSUBGPOSInfo(unsigned int script, unsigned int language,
+                                           int entry) const {
+  const Info* info = record(entry);
+  return info != nullptr ? layout::makeGSUBGPOSInfo(*info, script, language).release() : nullptr;
 }
 
 void SfntFont::setEudcFont(const FS_FontRef& ref, int entry) {

@@ -56,6 +56,8 @@ class SfntFont : public FS_BaseFont {
   GlyphClassDef getGlyphClassDef(unsigned short gid, int entry) const override;
   float getGlyphWidth(unsigned short gid, int size, bool vertical, int entry) const override;
   FS_CFFInfo* getCFFFont(int entry) const override;
+  FS_GSUBGPOSInfo* getGSUBGPOSInfo(unsigned int script, unsigned int language,
+                                   int entry) const override;
   bool isSymbolicFont(int entry) const override;
   bool isFixedWidthFont(int entry) const override;
   bool isSerifLikeFont(int entry) const override;

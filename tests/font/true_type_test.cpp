@@ -5,6 +5,7 @@
 #include "font/contract/font_key_sink.h"
 #include "font/make_sfnt_font.h"
 #include "font/sfnt_fixture.h"
+#include "layout/driver/layout_info.h"
 #include "support/class_def_builder.h"
 #include "support/cmap_builder.h"
 #include "support/coverage_builder.h"
@@ -237,6 +238,19 @@ TEST_F(TrueType, VerticalFormsComeFromTheVertFeature) {
   EXPECT_EQ(font->getGlyphID('B', true, 0), 3);
   EXPECT_EQ(font->getGlyphID('x', true, 0), 0xFFFF);
   EXPECT_FALSE(load(sampleFont())->hasVerticalGlyph(0));
+}
+
+TEST_F(TrueType, LayoutInfoIsNeverNullAndTheCallers) {
+  const auto plain = load(sampleFont());
+  const std::unique_ptr<FS_GSUBGPOSInfo> empty(plain->getGSUBGPOSInfo(0x6C61746E, 0, 0));
+  ASSERT_NE(empty, nullptr);
+  EXPECT_FALSE(layout::hasGSUBInfo(empty.get()));
+  qxtest::LayoutTableBuilder table;
+  table.script("latn", {{table.feature("liga", {table.lookup(1, 0, {})})}});
+  const auto font = load(sampleFont().table("GSUB", table.str()));
+  const std::unique_ptr<FS_GSUBGPOSInfo> info(font->getGSUBGPOSInfo(0x6C61746E, 0, 0));
+  EXPECT_TRUE(layout::hasGSUBInfo(info.get()));
+  EXPECT_EQ(layout::getGSUBFeatureTag(info.get(), 0), 0x6C696761u);
 }
 
 TEST_F(TrueType, AnEudcFontStandsVerticallyWhenTold) {

@@ -3,7 +3,7 @@
 #include "font/metrics/vertical_forms.h"
 #include "font/sfnt/true_type_info.h"
 #include "font/text/text_walk.h"
-#include "layout/table/layout_table.h"
+#include "layout/driver/layout_info.h"
 
 // Answers about glyphs, widths and kerning from the big tables.
 
@@ -50,26 +50,10 @@ struct InfoText {
   TextFont font;
 };
 
-/// The answer of the first vertical lookup that knows `glyph`. Flags, script and language play no
-/// part: all lookups of the first feature tagged 'vert' are asked.
-std::uint16_t substitute(const FS_LayoutTables::TTI_LayoutTable& gsub, std::uint16_t glyph) {
-  const auto* feature = gsub.featureList.vert;
-  if (feature == nullptr) return kNoGlyph;
-  for (const unsigned short index : feature->lookups) {
-    const auto* lookup = gsub.lookupList.find(index);
-    if (lookup == nullptr) continue;
-    for (const auto& subTable : lookup->subTables) {
-      const std::uint16_t found = subTable != nullptr ? subTable->substGlyph(glyph) : kNoGlyph;
-      if (found != kNoGlyph) return found;
-    }
-  }
-  return kNoGlyph;
-}
-
 }  // namespace
 
 unsigned short FS_TrueTypeInfo::verticalGlyph(unsigned short gid) const {
-  const auto ask = [this](std::uint16_t glyph) { return substitute(*gsub, glyph); };
+  const auto ask = [this](std::uint16_t glyph) { return layout::verticalSubstitute(*this, glyph); };
   return metrics::verticalGlyph(gid, ask, loaded().mort);
 }
 
