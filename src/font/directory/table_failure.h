@@ -3,6 +3,9 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
+
+#include "qxfontservice/error_codes.h"
 
 namespace QXFontService_NS {
 
@@ -18,8 +21,8 @@ struct TableRange {
 /// Why a table could not be read: the code of the report and its detail text. The readers of
 /// tables know no font, so the owner of the font turns this into the error a host sees.
 struct TableFailure {
-  static constexpr int kRead = 1921;    ///< the file is shorter than its tables say
-  static constexpr int kFormat = 1928;  ///< the bytes are there and make no sense
+  static constexpr int kRead = FS_ERROR_FONT_READ;    ///< the file is shorter than its tables say
+  static constexpr int kFormat = FS_ERROR_FONT_FILE;  ///< the bytes are there and make no sense
 
   int code = 0;
   std::string detail;
