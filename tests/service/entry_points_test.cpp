@@ -9,7 +9,7 @@
 #include "qxfontservice/new_text_metric_ex.h"
 #include "qxfontservice/service.h"
 
-#include "pool/registry/service_fixture.h"
+#include "pool/registry/registry_fixture.h"
 #include "support/cmap_builder.h"
 
 namespace QXFontService_NS {
@@ -17,7 +17,7 @@ namespace {
 
 using qxtest::namedFont;
 
-class EntryPoints : public qxtest::ServiceTest {
+class EntryPoints : public qxtest::RegistryTest {
  protected:
   void configure(const std::string& xml) { world.file("/etc/qx/font-config.xml", xml); }
   void configureFolder() {

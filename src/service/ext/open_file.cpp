@@ -27,6 +27,7 @@ FS_FontFileType typeOf(const QXUri& file, std::istream& stream) {
   if (known != FS_FILETYPE_UNKNOWN) return known;
   std::array<std::byte, 4> head{};
   if (!QXCommonNS::bytes::readExact(stream, 0, head)) return FS_FILETYPE_UNKNOWN;
+  stream.seekg(0);  // fonts read from where the stream stands
   switch (QXCommonNS::bytes::ByteView(head).u32(0)) {
     case 0x00010000:
     case 0x74727565:

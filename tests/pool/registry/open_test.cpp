@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "pool/registry/service_fixture.h"
+#include "pool/registry/registry_fixture.h"
 #include "pool/system/system_eudc.h"
 
 namespace QXFontService_NS {
@@ -11,7 +11,7 @@ namespace {
 
 using qxtest::namedFont;
 
-class Open : public qxtest::ServiceTest {
+class Open : public qxtest::RegistryTest {
  protected:
   /// The code with which opening fails; 0 when it does not.
   int failure(const char* variable) {

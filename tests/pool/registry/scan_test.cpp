@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "pool/registry/service_fixture.h"
+#include "pool/registry/registry_fixture.h"
 
 namespace QXFontService_NS {
 namespace {
@@ -11,7 +11,7 @@ namespace {
 using qxtest::namedFont;
 using Paths = std::vector<std::string>;
 
-class Scan : public qxtest::ServiceTest {};
+class Scan : public qxtest::RegistryTest {};
 
 TEST_F(Scan, LoadsTheFilesOfAFolderInOneFixedOrder) {
   world.file("/f/b.ttf", namedFont(u"B")).file("/f/A.ttf", namedFont(u"A"));
@@ -217,7 +217,7 @@ TEST_F(Scan, EverythingThatIsNamedFontsButDamagedLeavesTheServiceStanding) {
   EXPECT_EQ(world.openStreams(), 0u);
 }
 
-class SystemList : public qxtest::ServiceTest {
+class SystemList : public qxtest::RegistryTest {
  protected:
   static constexpr const char* kFonts =
       "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\Fonts]\n";

@@ -4,14 +4,14 @@
 
 #include <string>
 
-#include "pool/registry/service_fixture.h"
+#include "pool/registry/registry_fixture.h"
 
 namespace QXFontService_NS::ext {
 namespace {
 
 using qxtest::namedFont;
 
-class ExplainMatch : public qxtest::ServiceTest {
+class ExplainMatch : public qxtest::RegistryTest {
  protected:
   MatchReport explain(const UnicodeString& family, int weight = 400, bool italic = false,
                       int stretch = 5) {

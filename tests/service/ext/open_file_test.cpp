@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "pool/registry/service_fixture.h"
+#include "pool/registry/registry_fixture.h"
 #include "support/truncation.h"
 
 namespace QXFontService_NS::ext {
@@ -12,7 +12,7 @@ namespace {
 
 using qxtest::namedFont;
 
-class OpenFontFile : public qxtest::ServiceTest {
+class OpenFontFile : public qxtest::RegistryTest {
  protected:
   OpenFontFile() { openFolder(); }
 

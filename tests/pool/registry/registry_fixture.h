@@ -12,15 +12,15 @@
 namespace qxtest {
 
 /// Opens the service over a world in memory; the registry is destroyed after each test.
-class ServiceTest : public ::testing::Test {
+class RegistryTest : public ::testing::Test {
  protected:
   static constexpr const char* kVariable = "QX_CONFIG";
 
-  ServiceTest() {
+  RegistryTest() {
     QXCommonNS::setPlatformForTests(&world);
     world.setEnvironment(kVariable, "/etc/qx/font-config.xml");
   }
-  ~ServiceTest() override { QXFontService_NS::resetServiceForTests(); }
+  ~RegistryTest() override { QXFontService_NS::resetServiceForTests(); }
 
   /// Opens over a configuration of these elements, without the system's list.
   QXFontService_NS::FS_FontRegistry& open(const std::string& elements) {
