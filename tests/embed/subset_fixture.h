@@ -38,6 +38,10 @@ inline std::string bytesIn(QXCommonNS::QXMemStream& stream) {
   return bytes;
 }
 
+inline void appendText(QXCommonNS::QXMemStream& stream, const std::string& text) {
+  stream += text;
+}
+
 /// A font as the writers see it.
 struct OpenedSfnt {
   /// `directory`: the font whose directory is taken; `bytes`, which the stream gives, may be less.
