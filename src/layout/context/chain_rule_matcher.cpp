@@ -19,6 +19,7 @@ ChainRuleMatcher::ChainRuleMatcher(const FS_LayoutTables& font, const ChainClass
 int ChainRuleMatcher::match(const ContextRules& rules, int set,
                             std::span<const TTI_SubstLookupRecord>& records) {
   for (const ContextRule& rule : rules.rulesOf(set)) {
+    if (!glyphs_.mayWalk()) return 0;
     steps_ = 1;
     const bool found = holds(rules, rule);
     if (!glyphs_.spend(steps_)) return 0;

@@ -21,6 +21,7 @@ class ClassMatcher {
 
   /// The class of the first glyph behind `place` that is not passed over; -1 if there is none.
   int classBehind(int place) const {
+    if (!glyphs_.mayWalk()) return -1;
     const int start = place++;
     while (place < glyphs_.size() && skips(place)) ++place;
     if (!spend(place - start, true)) return -1;
@@ -29,6 +30,7 @@ class ClassMatcher {
 
   /// Whether the classes behind `place` are these.
   bool follows(int place, std::span<const unsigned short> input) {
+    if (!glyphs_.mayWalk()) return false;
     const int start = place;
     for (const unsigned short sought : input) {
       if (++place >= glyphs_.size() || sought != nextClass(place))

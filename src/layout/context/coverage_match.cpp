@@ -14,6 +14,7 @@ class CoverageWalk {
 
   /// Whether the glyphs from `place` on, in steps of `step`, are covered.
   bool holds(int place, int step, CoverageRun coverages) {
+    if (!glyphs_.mayWalk()) return false;
     for (const CoveragePtr& coverage : coverages) {
       while (isInside(place) && isSkipped(font_, flag_, glyphs_[place])) {
         place += step;

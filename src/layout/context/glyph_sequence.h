@@ -32,6 +32,8 @@ class GlyphSequence {
 
   /// Counts comparisons; false once the call has spent what it may. The match then fails.
   [[nodiscard]] bool spend(int comparisons) const { return meter_->compare(comparisons); }
+  /// Whether something is left to spend: asked before each walk along the glyphs.
+  [[nodiscard]] bool mayWalk() const { return meter_->compare(0); }
   [[nodiscard]] WorkMeter& meter() const { return *meter_; }
 
  private:

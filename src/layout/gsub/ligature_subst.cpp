@@ -61,6 +61,7 @@ unsigned short Ligatures::ligatureGlyph(const FS_LayoutTables& font,
 bool Ligatures::matches(const FS_LayoutTables& font, const layout::GlyphSequence& glyphs,
                         int position, unsigned int flag, const Ligature& ligature,
                         std::vector<int>& skipped) const {
+  if (!glyphs.mayWalk()) return false;
   skipped.clear();
   int next = position + 1;
   bool equal = true;

@@ -13,11 +13,14 @@ namespace QXFontService_NS::layout {
 /// nested lookups. Once spent, matches fail and nested lookups do nothing.
 class WorkMeter {
  public:
+  WorkMeter(std::int64_t comparisons, std::int64_t nestedRuns, std::size_t nestingLevels)
+      : comparisons_(comparisons), nestedRuns_(nestedRuns), nestingLevels_(nestingLevels) {}
+
   /// For a call that works at one position of `length` glyphs.
-  static WorkMeter forStep(int length) { return WorkMeter(length, kMostNestedRuns); }
+  static WorkMeter forStep(int length) { return forLength(length, kMostNestedRuns); }
   /// For a call that works at all of `length` glyphs.
   static WorkMeter forPass(int length) {
-    return WorkMeter(length, std::max(kMostNestedRuns, kNestedRunsPerGlyph * length));
+    return forLength(length, std::max(kMostNestedRuns, kNestedRunsPerGlyph * length));
   }
 
   /// Takes `count` glyph comparisons; false once they are spent.
@@ -37,10 +40,10 @@ class WorkMeter {
   [[nodiscard]] std::size_t nestingLevels() const { return nestingLevels_; }
 
  private:
-  WorkMeter(int length, std::int64_t nestedRuns)
-      : comparisons_(kMostComparisons + kComparisonsPerGlyph * length),
-        nestedRuns_(nestedRuns),
-        nestingLevels_(std::max(kMostNestingLevels, static_cast<std::size_t>(length))) {}
+  static WorkMeter forLength(int length, std::int64_t nestedRuns) {
+    return {kMostComparisons + kComparisonsPerGlyph * length, nestedRuns,
+            std::max(kMostNestingLevels, static_cast<std::size_t>(length))};
+  }
 
   std::int64_t comparisons_;
   std::int64_t nestedRuns_;
