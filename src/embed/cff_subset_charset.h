@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "common/bytes/byte_writer.h"
-#include "embed/cff_subset_source.h"
+#include "embed/cff/cff_subset_source.h"
 
 namespace QXFontService_NS::embed {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "embed/cff_subset_source.h"
+#include "embed/cff/cff_subset_source.h"
 #include "embed/charstring/type2_walker.h"
 
 namespace QXFontService_NS::embed {

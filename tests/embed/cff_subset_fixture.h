@@ -6,7 +6,7 @@
 
 #include "qxcommon/mem_stream.h"
 
-#include "embed/cff_subset_source.h"
+#include "embed/cff/cff_subset_source.h"
 #include "support/byte_text.h"
 #include "support/cff_builder.h"
 

@@ -8,7 +8,7 @@
 
 #include "layout/driver/layout_info.h"
 #include "layout/driver/process_gsub.h"
-#include "layout/layout_tables.h"
+#include "layout/table/layout_tables.h"
 #include "layout/test_font.h"
 #include "support/class_def_builder.h"
 

@@ -4,10 +4,10 @@
 #include <vector>
 
 #include "common/bytes/byte_view.h"
-#include "layout/layout_tables.h"
 #include "layout/table/class_def.h"
 #include "layout/table/gdef.h"
 #include "layout/table/layout_table.h"
+#include "layout/table/layout_tables.h"
 
 namespace qxtest {
 

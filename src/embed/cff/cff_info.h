@@ -10,7 +10,7 @@
 #include "embed/cff/fd_array.h"
 #include "embed/cff/index.h"
 #include "embed/cff/ranges.h"
-#include "embed/keyword.h"
+#include "embed/keyword/keyword.h"
 
 namespace QXFontService_NS {
 

@@ -3,7 +3,7 @@
 #include <span>
 
 #include "embed/cff/operands.h"
-#include "embed/keyword.h"
+#include "embed/keyword/keyword.h"
 
 namespace QXFontService_NS::cff {
 

@@ -3,7 +3,7 @@
 #include <cstddef>
 
 #include "embed/charstring/tokens.h"
-#include "embed/keyword.h"
+#include "embed/keyword/keyword.h"
 
 namespace QXFontService_NS::charstring {
 

@@ -1,7 +1,7 @@
 #include "embed/charstring/converter.h"
 
 #include "embed/charstring/glyph_conversion.h"
-#include "embed/keyword.h"
+#include "embed/keyword/keyword.h"
 
 namespace QXFontService_NS {
 

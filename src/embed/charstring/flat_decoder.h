@@ -3,7 +3,7 @@
 #include "embed/cff/index.h"
 #include "embed/charstring/tokens.h"
 #include "embed/charstring/type2_walker.h"
-#include "embed/keyword.h"
+#include "embed/keyword/keyword.h"
 
 namespace QXFontService_NS::charstring {
 

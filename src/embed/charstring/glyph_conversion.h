@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "embed/charstring/converter.h"
-#include "embed/keyword.h"
+#include "embed/keyword/keyword.h"
 
 namespace QXFontService_NS::charstring {
 

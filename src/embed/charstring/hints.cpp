@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "embed/keyword.h"
+#include "embed/keyword/keyword.h"
 
 namespace QXFontService_NS::charstring {
 

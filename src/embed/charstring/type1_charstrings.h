@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "common/limits.h"
-#include "embed/cff_subset_source.h"
+#include "embed/cff/cff_subset_source.h"
 #include "embed/charstring/tokens.h"
 
 namespace QXFontService_NS::charstring {

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "embed/keyword.h"
+#include "embed/keyword/keyword.h"
 
 namespace QXFontService_NS::charstring {
 

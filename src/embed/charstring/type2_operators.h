@@ -1,6 +1,6 @@
 #pragma once
 
-#include "embed/keyword.h"
+#include "embed/keyword/keyword.h"
 
 namespace QXFontService_NS::charstring {
 

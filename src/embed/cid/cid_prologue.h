@@ -10,7 +10,7 @@
 #include "qxfontservice/cid_system_info.h"
 
 #include "embed/cid/cid_layout.h"
-#include "embed/keyword.h"
+#include "embed/keyword/keyword.h"
 
 namespace QXFontService_NS::cid {
 

@@ -7,7 +7,7 @@
 #include "qxcommon/mem_stream.h"
 #include "qxfontservice/cid_system_info.h"
 
-#include "embed/cff_subset_source.h"
+#include "embed/cff/cff_subset_source.h"
 
 namespace QXFontService_NS::cid {
 

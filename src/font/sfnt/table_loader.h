@@ -5,7 +5,7 @@
 
 #include "font/sfnt/loaded_tables.h"
 #include "font/sfnt/sfnt_records.h"
-#include "layout/layout_tables.h"
+#include "layout/table/layout_tables.h"
 
 namespace QXFontService_NS::sfnt {
 

@@ -18,7 +18,7 @@
 #include "font/sfnt/eudc_link.h"
 #include "font/sfnt/loaded_tables.h"
 #include "font/sfnt/sfnt_records.h"
-#include "layout/layout_tables.h"
+#include "layout/table/layout_tables.h"
 
 namespace QXFontService_NS {
 

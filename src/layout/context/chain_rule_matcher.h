@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "layout/context/context_rules.h"
-#include "layout/context/glyph_sequence.h"
+#include "layout/records/glyph_sequence.h"
 #include "layout/table/class_def.h"
 
 namespace QXFontService_NS::layout {

@@ -3,7 +3,7 @@
 #include <span>
 #include <vector>
 
-#include "layout/context/glyph_sequence.h"
+#include "layout/records/glyph_sequence.h"
 #include "layout/table/coverage.h"
 
 namespace QXFontService_NS::layout {

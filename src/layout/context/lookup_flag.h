@@ -2,7 +2,7 @@
 
 #include "qxfontservice/glyph_id_class_pair.h"
 
-#include "layout/layout_tables.h"
+#include "layout/table/layout_tables.h"
 
 namespace QXFontService_NS::layout {
 

@@ -4,7 +4,7 @@
 
 #include "qxfontservice/glyph_id_array.h"
 
-#include "layout/context/glyph_sequence.h"
+#include "layout/records/glyph_sequence.h"
 
 namespace QXFontService_NS::layout {
 

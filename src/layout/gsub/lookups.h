@@ -4,8 +4,8 @@
 
 #include "qxfontservice/glyph_id_array.h"
 
-#include "layout/context/glyph_sequence.h"
-#include "layout/layout_tables.h"
+#include "layout/records/glyph_sequence.h"
+#include "layout/table/layout_tables.h"
 #include "layout/table/lookup.h"
 
 namespace QXFontService_NS::layout {

@@ -4,9 +4,9 @@
 
 #include "qxfontservice/glyph_id_array2.h"
 
-#include "layout/context/glyph_sequence.h"
 #include "layout/gsub/gap_buffer.h"
 #include "layout/gsub/pass_mask.h"
+#include "layout/records/glyph_sequence.h"
 
 namespace QXFontService_NS::layout {
 

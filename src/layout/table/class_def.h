@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "layout/layout_tables.h"
+#include "layout/table/layout_tables.h"
 
 namespace QXFontService_NS {
 

@@ -5,8 +5,8 @@
 #include <memory>
 #include <vector>
 
-#include "layout/layout_tables.h"
 #include "layout/table/glyph_set.h"
+#include "layout/table/layout_tables.h"
 
 namespace QXFontService_NS {
 

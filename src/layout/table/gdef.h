@@ -1,7 +1,7 @@
 #pragma once
 
 #include "common/bytes/byte_view.h"
-#include "layout/layout_tables.h"
+#include "layout/table/layout_tables.h"
 
 namespace QXFontService_NS::layout {
 

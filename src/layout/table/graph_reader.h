@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "common/bytes/byte_view.h"
-#include "layout/layout_tables.h"
+#include "layout/table/layout_tables.h"
 
 namespace QXFontService_NS::layout {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "layout/layout_tables.h"
+#include "layout/table/layout_tables.h"
 
 namespace QXFontService_NS {
 

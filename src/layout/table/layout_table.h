@@ -4,8 +4,8 @@
 #include <unordered_map>
 
 #include "common/bytes/byte_view.h"
-#include "layout/layout_tables.h"
 #include "layout/table/feature_list.h"
+#include "layout/table/layout_tables.h"
 #include "layout/table/lookup_list.h"
 #include "layout/table/script_list.h"
 

@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "layout/layout_tables.h"
 #include "layout/table/glyph_set.h"
+#include "layout/table/layout_tables.h"
 #include "layout/table/sub_table.h"
 
 namespace QXFontService_NS {

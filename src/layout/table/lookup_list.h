@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "layout/layout_tables.h"
+#include "layout/table/layout_tables.h"
 #include "layout/table/lookup.h"
 
 namespace QXFontService_NS {

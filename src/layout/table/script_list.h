@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "layout/layout_tables.h"
+#include "layout/table/layout_tables.h"
 
 namespace QXFontService_NS {
 

@@ -3,9 +3,9 @@
 #include <span>
 #include <vector>
 
-#include "layout/context/glyph_sequence.h"
-#include "layout/layout_tables.h"
+#include "layout/records/glyph_sequence.h"
 #include "layout/table/coverage.h"
+#include "layout/table/layout_tables.h"
 
 namespace QXFontService_NS {
 

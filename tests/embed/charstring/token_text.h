@@ -4,7 +4,7 @@
 #include <string>
 
 #include "embed/charstring/tokens.h"
-#include "embed/keyword.h"
+#include "embed/keyword/keyword.h"
 #include "font/contract/keywords.h"
 
 namespace QXFontService_NS::charstring {

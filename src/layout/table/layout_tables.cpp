@@ -1,4 +1,4 @@
-#include "layout/layout_tables.h"
+#include "layout/table/layout_tables.h"
 
 #include "layout/table/class_def.h"
 #include "layout/table/layout_table.h"

@@ -1,4 +1,4 @@
-#include "embed/keyword.h"
+#include "embed/keyword/keyword.h"
 
 #include <unordered_map>
 
