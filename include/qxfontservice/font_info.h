@@ -46,7 +46,7 @@ struct FontInfoAccess;
 /// font, and those that write take nothing back from `out` when they answer false.
 class QX_EXPORT FS_FontInfo {
  public:
-  FS_FontInfo() = default;
+  FS_FontInfo() {}  // user-provided, so that hosts may declare constant handles
   FS_FontInfo(const FS_FontInfo&) = default;
   FS_FontInfo& operator=(const FS_FontInfo&) = default;
   /// Releases no font.

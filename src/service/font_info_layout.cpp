@@ -1,78 +1,62 @@
 #include "qxfontservice/font_info.h"
+#include "qxfontservice/glyph_id_position.h"
 
-#include "layout/table/gsub_gpos_info.h"
-#include "layout/table/script_list.h"
+#include "layout/driver/layout_info.h"
+#include "layout/driver/process_gsub.h"
+#include "service/boundary.h"
 
-/// The layout members: the one place where handles and the layout tables meet.
+// The layout members: forwarders to the drivers.
 
 namespace QXFontService_NS {
-namespace {
 
-using LangSys = FS_LayoutTables::TTI_LangSys;
-
-bool hasFeature(const LangSys* system, unsigned int tag) {
-  return system != nullptr && !system->featuresOf(tag).empty();
-}
-
-unsigned int featureTag(const LangSys* system, int i) {
-  if (system == nullptr || i < 0) return 0;
-  const auto index = static_cast<std::size_t>(i);
-  return index < system->lookupsInOrder.size() ? system->lookupsInOrder[index].first : 0;
-}
-
-}  // namespace
+using service::atBoundary;
 
 void FS_FontInfo::deleteGSUBGPOSInfo(FS_GSUBGPOSInfo* info) {
   delete info;
 }
-
 bool FS_FontInfo::hasGSUBInfo(const FS_GSUBGPOSInfo* info) {
-  return info != nullptr && info->gsub != nullptr;
+  return layout::hasGSUBInfo(info);
 }
-
 bool FS_FontInfo::hasGPOSInfo(const FS_GSUBGPOSInfo* info) {
-  return info != nullptr && info->gpos != nullptr;
+  return layout::hasGPOSInfo(info);
 }
-
 bool FS_FontInfo::hasMorxInfo(const FS_GSUBGPOSInfo*) {
   return false;
 }
-
 bool FS_FontInfo::isGSUBDefaultLangSys(const FS_GSUBGPOSInfo* info) {
-  return info != nullptr && info->gsubDefault;
+  return layout::isGSUBDefaultLangSys(info);
 }
-
 bool FS_FontInfo::isGPOSDefaultLangSys(const FS_GSUBGPOSInfo* info) {
-  return info != nullptr && info->gposDefault;
+  return layout::isGPOSDefaultLangSys(info);
 }
-
 bool FS_FontInfo::hasGSUBFeature(const FS_GSUBGPOSInfo* info, unsigned int tag) {
-  return info != nullptr && hasFeature(info->gsubLangSys, tag);
+  return layout::hasGSUBFeature(info, tag);
 }
-
 bool FS_FontInfo::hasGPOSFeature(const FS_GSUBGPOSInfo* info, unsigned int tag) {
-  return info != nullptr && hasFeature(info->gposLangSys, tag);
+  return layout::hasGPOSFeature(info, tag);
 }
-
 unsigned int FS_FontInfo::getGSUBFeatureTag(const FS_GSUBGPOSInfo* info, int i) {
-  return info != nullptr ? featureTag(info->gsubLangSys, i) : 0;
+  return layout::getGSUBFeatureTag(info, i);
 }
-
 unsigned int FS_FontInfo::getGPOSFeatureTag(const FS_GSUBGPOSInfo* info, int i) {
-  return info != nullptr ? featureTag(info->gposLangSys, i) : 0;
+  return layout::getGPOSFeatureTag(info, i);
 }
 
-// Awaiting the layout drivers: until they are called here, nothing ever applies.
-
-int FS_FontInfo::processGSUB(const FS_GSUBGPOSInfo*, unsigned int, const GlyphIDArray&, int&,
-                             GlyphIDArray&, GlyphIDArray&, int) {
-  return 0;
+int FS_FontInfo::processGSUB(const FS_GSUBGPOSInfo* info, unsigned int tag,
+                             const GlyphIDArray& input, int& position, GlyphIDArray& output,
+                             GlyphIDArray& matched, int alternate) {
+  return atBoundary(0, [&] {
+    return layout::processGSUB(info, tag, input, position, output, matched, alternate);
+  });
 }
 
-bool FS_FontInfo::processGSUB3(const FS_GSUBGPOSInfo*, int, const GlyphIDArray2&, GlyphIDArray2&,
-                               int) {
-  return false;
+bool FS_FontInfo::processGSUB3(const FS_GSUBGPOSInfo* info, int index, const GlyphIDArray2& input,
+                               GlyphIDArray2& output, int alternate) {
+  return atBoundary(false,
+                    [&] { return layout::processGSUB3(info, index, input, output, alternate); });
 }
+
+// Awaiting the positioning driver: until it is called here, nothing ever applies.
 
 bool FS_FontInfo::processGPOS(const FS_GSUBGPOSInfo*, unsigned int, std::vector<GlyphIDPosition>&,
                               int, bool) {

@@ -3,8 +3,13 @@
 #include <string>
 
 #include "qxfontservice/glyph_draw_info.h"
+#include "qxfontservice/glyph_id_array.h"
+#include "qxfontservice/glyph_id_array2.h"
 
 #include "service/service_test.h"
+#include "support/coverage_builder.h"
+#include "support/gsub_builder.h"
+#include "support/layout_table_builder.h"
 #include "support/sample_font.h"
 
 namespace QXFontService_NS {
@@ -100,6 +105,33 @@ TEST_F(OpenByUri, DrawsTheGlyphsOfTheFont) {
   EXPECT_EQ(draw.contours.size(), 1U);
   EXPECT_FALSE(info.getGlyphDrawInfo(4, draw, false));
   EXPECT_FALSE(draw.valid);
+}
+
+TEST_F(OpenByUri, ShapesARunThroughTheFontsTables) {
+  qxtest::LayoutTableBuilder table;
+  table.onlyLookup("test", 1, 0, {qxtest::singleSubst(qxtest::coverage({2}), 1)});
+  world.file("/doc/s.ttf", qxtest::sampleFont().table("GSUB", table.str()).build());
+  ASSERT_TRUE(info.createFont(uriOf(u"/doc/s.ttf")));
+  constexpr unsigned int kTest = 0x74657374;
+  FS_GSUBGPOSInfo* layout = info.getGSUBGPOSInfo(kTest, 0);
+  ASSERT_NE(layout, nullptr);
+  EXPECT_TRUE(FS_FontInfo::hasGSUBInfo(layout));
+  EXPECT_FALSE(FS_FontInfo::hasGPOSInfo(layout));
+  EXPECT_EQ(FS_FontInfo::getGSUBFeatureTag(layout, 0), kTest);
+
+  GlyphIDArray2 input;
+  input.push_back(info.getGlyphID('A', false), GCD_NONE);
+  GlyphIDArray output;
+  GlyphIDArray matched;
+  int position = 0;
+  EXPECT_EQ(FS_FontInfo::processGSUB(layout, kTest, input, position, output, matched, 1), 1);
+  EXPECT_EQ(position, 1);
+  EXPECT_EQ(output[0].glyphID, 3);
+  GlyphIDArray2 replaced;
+  EXPECT_TRUE(FS_FontInfo::processGSUB3(layout, 0, input, replaced, 1));
+  ASSERT_EQ(replaced.size(), 1);
+  EXPECT_EQ(replaced[0].glyphID, 3);
+  FS_FontInfo::deleteGSUBGPOSInfo(layout);
 }
 
 TEST_F(OpenByUri, EveryCutOfTheFileIsAnAnswer) {
