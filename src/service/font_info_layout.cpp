@@ -1,5 +1,6 @@
 #include "qxfontservice/font_info.h"
 
+#include "layout/driver/process_gpos.h"
 #include "layout/table/gsub_gpos_info.h"
 #include "layout/table/script_list.h"
 
@@ -62,7 +63,7 @@ unsigned int FS_FontInfo::getGPOSFeatureTag(const FS_GSUBGPOSInfo* info, int i) 
   return info != nullptr ? featureTag(info->gposLangSys, i) : 0;
 }
 
-// Awaiting the layout drivers: until they are called here, nothing ever applies.
+// Awaiting the driver of `GSUB`: until it is called here, nothing is ever substituted.
 
 int FS_FontInfo::processGSUB(const FS_GSUBGPOSInfo*, unsigned int, const GlyphIDArray&, int&,
                              GlyphIDArray&, GlyphIDArray&, int) {
@@ -74,13 +75,15 @@ bool FS_FontInfo::processGSUB3(const FS_GSUBGPOSInfo*, int, const GlyphIDArray2&
   return false;
 }
 
-bool FS_FontInfo::processGPOS(const FS_GSUBGPOSInfo*, unsigned int, std::vector<GlyphIDPosition>&,
-                              int, bool) {
-  return false;
+bool FS_FontInfo::processGPOS(const FS_GSUBGPOSInfo* info, unsigned int tag,
+                              std::vector<GlyphIDPosition>& glyphs, int position,
+                              bool rightToLeft) {
+  return layout::processGPOS(info, tag, glyphs, position, rightToLeft);
 }
 
-int FS_FontInfo::processGPOS3(const FS_GSUBGPOSInfo*, int, std::vector<GlyphIDPosition>&, bool) {
-  return 0;
+int FS_FontInfo::processGPOS3(const FS_GSUBGPOSInfo* info, int index,
+                              std::vector<GlyphIDPosition>& glyphs, bool rightToLeft) {
+  return layout::processGPOS3(info, index, glyphs, rightToLeft);
 }
 
 bool FS_FontInfo::processMorx(const FS_GSUBGPOSInfo*, const GlyphIDArray2&, GlyphIDArray2&) {
