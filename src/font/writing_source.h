@@ -1,6 +1,6 @@
 #pragma once
 
-#include "embed/cff_subset_source.h"
+#include "embed/cff/cff_subset_source.h"
 #include "embed/subset_source.h"
 
 namespace QXFontService_NS {

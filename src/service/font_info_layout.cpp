@@ -2,6 +2,7 @@
 #include "qxfontservice/glyph_id_position.h"
 
 #include "layout/driver/layout_info.h"
+#include "layout/driver/process_gpos.h"
 #include "layout/driver/process_gsub.h"
 #include "service/boundary.h"
 
@@ -56,15 +57,16 @@ bool FS_FontInfo::processGSUB3(const FS_GSUBGPOSInfo* info, int index, const Gly
                     [&] { return layout::processGSUB3(info, index, input, output, alternate); });
 }
 
-// Awaiting the positioning driver: until it is called here, nothing ever applies.
-
-bool FS_FontInfo::processGPOS(const FS_GSUBGPOSInfo*, unsigned int, std::vector<GlyphIDPosition>&,
-                              int, bool) {
-  return false;
+bool FS_FontInfo::processGPOS(const FS_GSUBGPOSInfo* info, unsigned int tag,
+                              std::vector<GlyphIDPosition>& glyphs, int position,
+                              bool rightToLeft) {
+  return atBoundary(false,
+                    [&] { return layout::processGPOS(info, tag, glyphs, position, rightToLeft); });
 }
 
-int FS_FontInfo::processGPOS3(const FS_GSUBGPOSInfo*, int, std::vector<GlyphIDPosition>&, bool) {
-  return 0;
+int FS_FontInfo::processGPOS3(const FS_GSUBGPOSInfo* info, int index,
+                              std::vector<GlyphIDPosition>& glyphs, bool rightToLeft) {
+  return atBoundary(-1, [&] { return layout::processGPOS3(info, index, glyphs, rightToLeft); });
 }
 
 bool FS_FontInfo::processMorx(const FS_GSUBGPOSInfo*, const GlyphIDArray2&, GlyphIDArray2&) {
