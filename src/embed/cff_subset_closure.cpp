@@ -64,7 +64,7 @@ bool CompositeFinder::addParts(std::uint16_t glyph, std::vector<std::uint16_t>& 
 void CompositeFinder::addPart(int code, std::vector<std::uint16_t>& parts) const {
   if (code <= 0 || code > 255) return;
   const std::uint16_t sid = type1::kStandardEncodingSids[static_cast<std::size_t>(code)];
-  const std::uint16_t glyph = source_.info->getGIDFromCID(sid);
+  const std::uint16_t glyph = isoAdobe_ && sid != 0 ? sid : source_.info->getGIDFromCID(sid);
   if (glyph != kNoGlyph) parts.push_back(glyph);
 }
 

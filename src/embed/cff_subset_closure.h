@@ -13,7 +13,10 @@ namespace QXFontService_NS::embed {
 /// search needs at once, and serves any number of glyphs.
 class CompositeFinder {
  public:
-  explicit CompositeFinder(const CffSubsetSource& source) : source_(source) {}
+  /// `isoAdobe`: the font has the predefined charset 0, in which glyph ids are SIDs; what was read
+  /// of a font does not tell of predefined charsets.
+  explicit CompositeFinder(const CffSubsetSource& source, bool isoAdobe = false)
+      : source_(source), isoAdobe_(isoAdobe) {}
 
   /// Reads subroutines and the head of the CharStrings INDEX of a name-keyed font.
   [[nodiscard]] bool open();
@@ -25,6 +28,7 @@ class CompositeFinder {
   void addPart(int code, std::vector<std::uint16_t>& parts) const;
 
   const CffSubsetSource& source_;
+  bool isoAdobe_;
   FS_CFFStrings globalSubrs_;
   cff::LocalSubrs localSubrs_;
   FS_CFFIndexHeader charStrings_;
