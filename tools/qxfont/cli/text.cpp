@@ -1,6 +1,8 @@
 #include "qxfont/cli/text.h"
 
 #include <fmt/format.h>
+#include <unicode/uchar.h>
+#include <unicode/utf8.h>
 
 namespace qxfont {
 
@@ -12,6 +14,27 @@ std::string utf8(const icu::UnicodeString& text) {
 icu::UnicodeString unicode(std::string_view text) {
   return icu::UnicodeString::fromUTF8(
       icu::StringPiece(text.data(), static_cast<int32_t>(text.size())));
+}
+
+std::string shown(const icu::UnicodeString& text) {
+  icu::UnicodeString clean = text;
+  for (int i = 0; i < clean.length(); ++i) {
+    if (u_iscntrl(clean.charAt(i)) != 0) clean.setCharAt(i, u'\uFFFD');
+  }
+  return utf8(clean);
+}
+
+std::string shown(std::string_view text) { return shown(unicode(text)); }
+
+bool isUtf8(std::string_view bytes, std::size_t& at) {
+  const auto length = static_cast<int32_t>(bytes.size());
+  for (int32_t i = 0; i < length;) {
+    UChar32 character = 0;
+    at = static_cast<std::size_t>(i);
+    U8_NEXT(bytes.data(), i, length, character);
+    if (character < 0) return false;
+  }
+  return true;
 }
 
 std::string oneLine(const icu::UnicodeString& message) {

@@ -76,6 +76,7 @@ Json explanationJson(const MatchReport& report) {
 
 Json reportJson(const MatchReport& report, bool explain) {
   Json json = faceJson(report.face);
+  if (report.pool == fs::ext::MatchPool::none) return json;  // a path: nothing was looked up
   json["pool"] = textOf(kPools, report.pool);
   json["step"] = textOf(kSteps, report.step);
   if (explain) json.update(explanationJson(report));
@@ -83,7 +84,7 @@ Json reportJson(const MatchReport& report, bool explain) {
 }
 
 std::string faceText(const MatchFace& face) {
-  return fmt::format("{} (weight {}{}, width {})", utf8(face.postScriptName), face.weight,
+  return fmt::format("{} (weight {}{}, width {})", shown(face.postScriptName), face.weight,
                      face.italic ? ", italic" : "", face.stretch);
 }
 
@@ -93,24 +94,28 @@ void printFilled(const MatchReport& report) {
              report.filled.size());
   for (const FilledSlot& slot : report.filled) {
     fmt::print("           {}{} -> {}\n", slot.weight, slot.italic ? " italic" : "",
-               utf8(slot.face.postScriptName));
+               shown(slot.face.postScriptName));
   }
 }
 
 void printExplanation(const MatchReport& report) {
+  if (report.pool == fs::ext::MatchPool::none) {
+    fmt::print("  found:   by its path, no name was looked up\n");
+    return;
+  }
   fmt::print("  found:   in the {} pool, {} table, as '{}'\n", textOf(kPools, report.pool),
-             textOf(kTables, report.table), utf8(report.key));
+             textOf(kTables, report.table), shown(report.key));
   fmt::print("  step:    {}: {}\n", textOf(kSteps, report.step), textOf(kStepTexts, report.step));
   printFilled(report);
   for (const MatchFace& loser : report.losers) {
     fmt::print("  behind:  {} in {} has the same name and style and was found later\n",
-               faceText(loser), fileOf(loser));
+               faceText(loser), shown(fileOf(loser)));
   }
 }
 
 void printReport(const MatchReport& report, bool explain) {
   fmt::print("{}\n", faceText(report.face));
-  fmt::print("  file:    {}{}\n", fileOf(report.face),
+  fmt::print("  file:    {}{}\n", shown(fileOf(report.face)),
              report.face.entry > 0 ? fmt::format(", face {}", report.face.entry) : "");
   if (explain) printExplanation(report);
 }
@@ -125,7 +130,6 @@ MatchReport reportOfPath(Service& service, const FontOptions& options) {
   report.face.family = font->getFamilyName(fs::QXLang::LANGID_DEFAULT);
   report.face.postScriptName = font->getPostScriptName(fs::QXLang::LANGID_DEFAULT);
   font->getFontStyle(&report.face.weight, &report.face.italic, &report.face.stretch);
-  report.step = fs::ext::MatchStep::exact;
   return report;
 }
 
@@ -139,6 +143,7 @@ MatchReport reportOfName(Service& service, const FontOptions& options) {
 }
 
 void match(const MatchOptions& options) {
+  checkFontOptions(options.font);
   Service service(options.source);
   const MatchReport report = isPath(options.font.font) ? reportOfPath(service, options.font)
                                                        : reportOfName(service, options.font);
