@@ -15,18 +15,21 @@
 #include <system_error>
 #include <vector>
 
+#include "qxfontservice/ext/versions.h"
+
 #include "qxfont/cli/command_first.h"
 #include "qxfont/cli/output.h"
 #include "qxfont/cli/removal.h"
 #include "qxfont/cli/status.h"
 #include "qxfont/cli/text.h"
 #include "qxfont/commands/commands.h"
-#include "qxfontservice/ext/versions.h"
 
 namespace qxfont {
 namespace {
 
-int exitCode(Status status) { return static_cast<int>(status); }
+int exitCode(Status status) {
+  return static_cast<int>(status);
+}
 
 std::string versionText() {
   std::string text = "qxfont " QXFONT_VERSION;
@@ -37,7 +40,9 @@ std::string versionText() {
 }
 
 /// Errors go where nobody may listen any more: that is no reason to fail in another way.
-void say(const std::string& line) { std::fputs((line + "\n").c_str(), stderr); }
+void say(const std::string& line) {
+  std::fputs((line + "\n").c_str(), stderr);
+}
 
 int tell(Status status, const std::string& what, const std::string& hint = {}) {
   say("qxfont: " + shown(what));

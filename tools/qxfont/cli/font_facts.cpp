@@ -4,9 +4,10 @@
 #include <cmath>
 #include <string>
 
-#include "qxfont/cli/text.h"
 #include "qxfontservice/ext/inspect.h"
 #include "qxfontservice/new_text_metric_ex.h"
+
+#include "qxfont/cli/text.h"
 
 namespace qxfont {
 namespace {

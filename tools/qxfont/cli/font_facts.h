@@ -1,8 +1,9 @@
 #pragma once
 
-#include "qxfont/cli/output.h"
 #include "qxfontservice/font_info.h"
 #include "qxfontservice/new_text_metric_ex.h"
+
+#include "qxfont/cli/output.h"
 
 namespace qxfont {
 

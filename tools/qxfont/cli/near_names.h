@@ -7,7 +7,8 @@
 
 namespace qxfont {
 
-/// The family and full names that are nearest to a name that no font has, best first, at most three.
+/// The family and full names that are nearest to a name that no font has, best first, at most
+/// three.
 std::vector<std::string> nearNames(Service& service, const std::string& name);
 
 /// The same among names that are given: those that hold `wanted`, then those a few letters away.

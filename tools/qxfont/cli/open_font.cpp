@@ -6,11 +6,12 @@
 #include <system_error>
 #include <utility>
 
+#include "qxfontservice/ext/open_file.h"
+
 #include "qxfont/cli/near_names.h"
 #include "qxfont/cli/paths.h"
 #include "qxfont/cli/status.h"
 #include "qxfont/cli/text.h"
-#include "qxfontservice/ext/open_file.h"
 
 namespace qxfont {
 namespace {
@@ -75,8 +76,8 @@ bool isPath(const std::string& font) {
 void checkFontOptions(const FontOptions& options) {
   if (options.font.empty()) throw ToolError(Status::wrongCall, "FONT is empty");
   if (options.face > 0 && !isPath(options.font)) {
-    throw ToolError(Status::wrongCall, "--face picks a member of a font file, and '" +
-                                           options.font + "' is a name");
+    throw ToolError(Status::wrongCall,
+                    "--face picks a member of a font file, and '" + options.font + "' is a name");
   }
 }
 

@@ -4,6 +4,7 @@
 
 #include "qxfont/cli/options.h"
 #include "qxfont/cli/service.h"
+#include "qxfont/cli/status.h"
 
 namespace qxfont {
 

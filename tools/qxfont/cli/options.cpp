@@ -6,9 +6,9 @@ namespace qxfont {
 
 void addSourceOptions(CLI::App& command, SourceOptions& options) {
   auto* group = command.add_option_group("Where fonts come from");
-  auto* config = group->add_option(
-      "--config", options.config,
-      "a configuration file (else the variable QXFONT_CONFIG, else the system)");
+  auto* config =
+      group->add_option("--config", options.config,
+                        "a configuration file (else the variable QXFONT_CONFIG, else the system)");
   config->type_name("FILE");
   group->add_option("--only", options.only, "nothing but this folder, with its subfolders")
       ->type_name("DIR")

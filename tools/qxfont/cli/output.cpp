@@ -42,7 +42,9 @@ std::string jsonText(const Json& json) {
   return json.dump(1, ' ', false, Json::error_handler_t::replace);
 }
 
-void printJson(const Json& json) { fmt::print("{}\n", jsonText(json)); }
+void printJson(const Json& json) {
+  fmt::print("{}\n", jsonText(json));
+}
 
 void printRows(const Json& rows, const OutputOptions& options) {
   if (!options.ndjson) return printJson(rows);

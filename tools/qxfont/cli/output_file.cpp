@@ -55,7 +55,9 @@ void requireFolderPlace(const std::string& path) {
   if (!files::is_empty(path, failed)) failToWrite(path, "the folder is not empty");
 }
 
-std::string partOf(const std::string& target) { return fmt::format("{}.part{}", target, getpid()); }
+std::string partOf(const std::string& target) {
+  return fmt::format("{}.part{}", target, getpid());
+}
 
 std::string withoutSlash(std::string path) {
   while (path.size() > 1 && path.back() == '/') path.pop_back();

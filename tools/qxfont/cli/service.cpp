@@ -9,12 +9,13 @@
 #include <fstream>
 #include <system_error>
 
+#include "qxfontservice/ext/open_file.h"
+
 #include "qxfont/cli/document_font.h"
 #include "qxfont/cli/folder_configuration.h"
 #include "qxfont/cli/paths.h"
 #include "qxfont/cli/status.h"
 #include "qxfont/cli/text.h"
-#include "qxfontservice/ext/open_file.h"
 
 namespace qxfont {
 namespace {
@@ -39,8 +40,7 @@ void writeText(const std::string& file, const std::string& text) {
 void requireConfigured() {
   const std::string named = std::getenv(kVariable);
   if (named.empty() || !fs::FS_GetFontConfigPath(kVariable, false).isEmpty()) return;
-  throw ToolError(Status::configuration,
-                  fmt::format("there is no configuration {}", named),
+  throw ToolError(Status::configuration, fmt::format("there is no configuration {}", named),
                   fmt::format("the variable {} names it", kVariable));
 }
 
@@ -52,7 +52,8 @@ std::string withoutPath(std::string text, const std::string& path) {
 /// The family that a font file names itself; empty when it cannot be read.
 std::string ownFamily(const std::string& file) {
   fs::FS_FontInfo font;
-  if (!fs::ext::openFontFile(uriOfPath(file), 0, font)) return std::filesystem::path(file).stem().string();
+  if (!fs::ext::openFontFile(uriOfPath(file), 0, font))
+    return std::filesystem::path(file).stem().string();
   const std::string family = utf8(font.getFamilyName(fs::QXLang::LANGID_DEFAULT));
   font.deleteFont();
   return family;
@@ -105,9 +106,9 @@ void Service::openOnly(const std::vector<std::string>& folders) {
     openWith(kVariable);
   } catch (const ToolError& error) {
     // People gave folders; they have never seen the file that stands for them.
-    throw ToolError(error.status(), fmt::format("no fonts can be taken from {}: {}",
-                                                fmt::join(folders, ", "),
-                                                withoutPath(error.what(), file)));
+    throw ToolError(error.status(),
+                    fmt::format("no fonts can be taken from {}: {}", fmt::join(folders, ", "),
+                                withoutPath(error.what(), file)));
   }
 }
 
@@ -127,8 +128,8 @@ void Service::addDocument(const DocumentFont& font) {
   const std::string family = font.style.font.empty() ? ownFamily(font.file) : font.style.font;
   fs::QXError error;
   const int number = manager_.appendExtraFont(
-      unicode(absolutePath(font.file)), fs::FS_FILETYPE_UNKNOWN, unicode(family),
-      font.style.weight, font.style.italic ? 1 : -1, &error);
+      unicode(absolutePath(font.file)), fs::FS_FILETYPE_UNKNOWN, unicode(family), font.style.weight,
+      font.style.italic ? 1 : -1, &error);
   if (number < 0) throw ToolError(Status::badFont, oneLine(error.getErrorMessage()));
 }
 

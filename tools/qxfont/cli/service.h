@@ -3,10 +3,11 @@
 #include <optional>
 #include <string>
 
+#include "qxfontservice/font_service.h"
+
 #include "qxfont/cli/document_font.h"
 #include "qxfont/cli/options.h"
 #include "qxfont/cli/temporary_folder.h"
-#include "qxfontservice/font_service.h"
 
 namespace qxfont {
 

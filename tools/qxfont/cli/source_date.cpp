@@ -1,8 +1,8 @@
 #include "qxfont/cli/source_date.h"
 
-#include <cstdint>
 #include <array>
 #include <charconv>
+#include <cstdint>
 #include <cstdlib>
 #include <ctime>
 #include <string_view>

@@ -22,11 +22,12 @@ std::string makeFolder() {
 
 }  // namespace
 
-TemporaryFolder::TemporaryFolder() : removal_([this] {
-      // Not interrupted between making and announcing it.
-      const auto held = holdSignals();
-      path_ = makeFolder();
-      return Removal(path_);
-    }()) {}
+TemporaryFolder::TemporaryFolder()
+    : removal_([this] {
+        // Not interrupted between making and announcing it.
+        const auto held = holdSignals();
+        path_ = makeFolder();
+        return Removal(path_);
+      }()) {}
 
 }  // namespace qxfont

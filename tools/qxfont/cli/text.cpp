@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 #include <unicode/uchar.h>
-#include <unicode/utf8.h>
+#include <unicode/ustring.h>
 
 namespace qxfont {
 
@@ -24,17 +24,14 @@ std::string shown(const icu::UnicodeString& text) {
   return utf8(clean);
 }
 
-std::string shown(std::string_view text) { return shown(unicode(text)); }
+std::string shown(std::string_view text) {
+  return shown(unicode(text));
+}
 
-bool isUtf8(std::string_view bytes, std::size_t& at) {
-  const auto length = static_cast<int32_t>(bytes.size());
-  for (int32_t i = 0; i < length;) {
-    UChar32 character = 0;
-    at = static_cast<std::size_t>(i);
-    U8_NEXT(bytes.data(), i, length, character);
-    if (character < 0) return false;
-  }
-  return true;
+bool isUtf8(std::string_view bytes) {
+  UErrorCode status = U_ZERO_ERROR;
+  u_strFromUTF8(nullptr, 0, nullptr, bytes.data(), static_cast<int32_t>(bytes.size()), &status);
+  return status != U_INVALID_CHAR_FOUND;
 }
 
 std::string oneLine(const icu::UnicodeString& message) {
@@ -46,6 +43,8 @@ std::string oneLine(const icu::UnicodeString& message) {
   return line;
 }
 
-std::string codePointName(int codePoint) { return fmt::format("U+{:04X}", codePoint); }
+std::string codePointName(int codePoint) {
+  return fmt::format("U+{:04X}", codePoint);
+}
 
 }  // namespace qxfont

@@ -42,7 +42,8 @@ void checkCall(const EmbedOptions& options, const Form& form) {
   const bool chooses = !options.text.empty() || !options.textFile.empty() ||
                        !options.unicodes.empty() || !options.gids.empty();
   if (!chooses && !form.whole) {
-    throw ToolError(Status::wrongCall, fmt::format("which glyphs is the form {} to hold?", form.name),
+    throw ToolError(Status::wrongCall,
+                    fmt::format("which glyphs is the form {} to hold?", form.name),
                     "give --text, --text-file, --unicodes or --gids");
   }
   if (form.asSpecifiedOnly && !options.asSpecified) {
@@ -80,9 +81,9 @@ FormResult write(const fs::FS_FontInfo& font, const Form& form, const GlyphChoic
   for (const auto& [gid, codePoint] : choice.glyphs) gids.push_back(gid);
   FormResult result;
   if (form.write(font, gids, result) && !result.bytes.empty()) return result;
-  throw ToolError(Status::badFont, fmt::format("{} cannot be written in the form {}",
-                                               utf8(font.getFontFileName().getLocalPath(true)),
-                                               form.name));
+  throw ToolError(Status::badFont,
+                  fmt::format("{} cannot be written in the form {}",
+                              utf8(font.getFontFileName().getLocalPath(true)), form.name));
 }
 
 /// The numbering of the forms so far: all of them keep the ids of the font.

@@ -58,7 +58,8 @@ Json resultJson(const GlyphsResult& result) {
   Json json;
   json["glyphs"] = Json::array();
   for (const GlyphRow& row : result.rows) {
-    json["glyphs"].push_back({{"code", row.code}, {"glyph", row.glyph}, {"width", number(row.width)}});
+    json["glyphs"].push_back(
+        {{"code", row.code}, {"glyph", row.glyph}, {"width", number(row.width)}});
   }
   json["text_width"] = number(result.textWidth);
   json["first_missing"] = result.firstMissing;

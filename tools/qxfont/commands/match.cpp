@@ -1,3 +1,5 @@
+#include "qxfontservice/ext/match.h"
+
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
@@ -12,7 +14,6 @@
 #include "qxfont/cli/status.h"
 #include "qxfont/cli/text.h"
 #include "qxfont/commands/commands.h"
-#include "qxfontservice/ext/match.h"
 
 namespace qxfont {
 namespace {
@@ -31,20 +32,21 @@ struct MatchOptions {
 constexpr std::array kPools = {"none", "extra", "alias", "main"};
 constexpr std::array kTables = {"none", "family", "file"};
 constexpr std::array kSteps = {"none", "exact", "stretch", "upright", "rounded", "filled"};
-constexpr std::array kStepTexts = {
-    "nothing",
-    "weight, slant and width as asked",
-    "weight and slant as asked, in normal width",
-    "the upright face of that weight stands in for its italic",
-    "the weight rounded up to a hundred",
-    "no face has this style: the nearest one fills the gap"};
+constexpr std::array kStepTexts = {"nothing",
+                                   "weight, slant and width as asked",
+                                   "weight and slant as asked, in normal width",
+                                   "the upright face of that weight stands in for its italic",
+                                   "the weight rounded up to a hundred",
+                                   "no face has this style: the nearest one fills the gap"};
 
 template <class Texts, class Value>
 const char* textOf(const Texts& texts, Value value) {
   return texts[static_cast<std::size_t>(value)];
 }
 
-std::string fileOf(const MatchFace& face) { return utf8(face.file.getLocalPath(true)); }
+std::string fileOf(const MatchFace& face) {
+  return utf8(face.file.getLocalPath(true));
+}
 
 Json faceJson(const MatchFace& face) {
   Json json;
@@ -135,8 +137,8 @@ MatchReport reportOfPath(Service& service, const FontOptions& options) {
 
 MatchReport reportOfName(Service& service, const FontOptions& options) {
   MatchReport report;
-  if (!fs::ext::explainMatch(unicode(options.font), options.weight, options.italic,
-                             options.stretch, service.documentFonts(), report)) {
+  if (!fs::ext::explainMatch(unicode(options.font), options.weight, options.italic, options.stretch,
+                             service.documentFonts(), report)) {
     throw noSuchFont(service, options.font);
   }
   return report;

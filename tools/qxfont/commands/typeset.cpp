@@ -74,8 +74,8 @@ std::vector<std::size_t> facesOf(const Request& request, const std::string& file
     try {
       faces.push_back(fonts.faceOf(paragraph.style.value_or(request.styles.front())));
     } catch (const ToolError& error) {
-      throw ToolError(error.status(),
-                      fmt::format("{}:{}: {}", file, paragraph.line, error.what()), error.hint());
+      throw ToolError(error.status(), fmt::format("{}:{}: {}", file, paragraph.line, error.what()),
+                      error.hint());
     }
   }
   return faces;
@@ -178,7 +178,8 @@ void typeset(const TypesetOptions& options) {
 void addTypesetCommand(CLI::App& app, Chosen& chosen) {
   auto options = std::make_shared<TypesetOptions>();
   CLI::App* command = app.add_subcommand("typeset", "Sets a UTF-8 text as PDF");
-  command->add_option("FILE", options->file, "the text; a line \"#font STYLE [SIZE]\" changes fonts")
+  command
+      ->add_option("FILE", options->file, "the text; a line \"#font STYLE [SIZE]\" changes fonts")
       ->required();
   command
       ->add_option("--font", options->fonts,

@@ -8,8 +8,9 @@
 #include <memory>
 
 #include "qxcommon/mem_stream.h"
-#include "qxfont/cli/status.h"
 #include "qxfontservice/tt_glyph_map.h"
+
+#include "qxfont/cli/status.h"
 
 namespace qxfont {
 namespace {
@@ -78,7 +79,9 @@ bool isTrueType(const FS_FontInfo& font) {
          type != QXFontService_NS::FS_FILETYPE_OPENTYPE_CID;
 }
 
-bool isSfnt(const FS_FontInfo& font) { return font.isTrueTypeFont(); }
+bool isSfnt(const FS_FontInfo& font) {
+  return font.isTrueTypeFont();
+}
 
 std::string joined(const std::vector<std::string>& names) {
   return fmt::format("{}", fmt::join(names, ", "));

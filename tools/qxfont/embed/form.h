@@ -21,8 +21,8 @@ struct Form {
   /// Whether this kind of font has the form.
   bool (*serves)(const QXFontService_NS::FS_FontInfo& font);
   /// Writes it; false when the font cannot.
-  bool (*write)(const QXFontService_NS::FS_FontInfo& font,
-                const std::vector<unsigned short>& gids, FormResult& out);
+  bool (*write)(const QXFontService_NS::FS_FontInfo& font, const std::vector<unsigned short>& gids,
+                FormResult& out);
   bool whole = false;            ///< The whole font, whatever glyphs are asked for.
   bool folder = false;           ///< A folder of files.
   bool asSpecifiedOnly = false;  ///< Written with `--as-specified` only.

@@ -8,9 +8,10 @@
 #include <optional>
 #include <utility>
 
+#include "qxfontservice/ext/inspect.h"
+
 #include "qxfont/cli/status.h"
 #include "qxfont/cli/text.h"
-#include "qxfontservice/ext/inspect.h"
 
 namespace qxfont {
 namespace {

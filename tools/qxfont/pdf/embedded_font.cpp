@@ -48,7 +48,9 @@ int flagsOf(const fs::FS_FontInfo& font, const Style& style) {
 
 /// Fonts do not state the thickness of their stems; this follows from the weight well enough for
 /// the substitute that a reader would take, and none is taken for an embedded font.
-double stemOf(int weight) { return std::round(50 + std::pow(weight / 65.0, 2)); }
+double stemOf(int weight) {
+  return std::round(50 + std::pow(weight / 65.0, 2));
+}
 
 void takeMetrics(const fs::FS_FontInfo& font, double scale, PdfFont& out) {
   fs::FS_NewTextMetricEx metrics;

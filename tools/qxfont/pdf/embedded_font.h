@@ -1,8 +1,9 @@
 #pragma once
 
+#include "qxfontservice/font_info.h"
+
 #include "qxfont/pdf/pdf_document.h"
 #include "qxfont/typeset/used_glyphs.h"
-#include "qxfontservice/font_info.h"
 
 namespace qxfont {
 

@@ -17,8 +17,12 @@ using Object = QPDFObjectHandle;
 
 constexpr int kDecimals = 3;
 
-Object number(double value) { return Object::newReal(value, kDecimals, true); }
-Object name(const std::string& text) { return Object::newName("/" + text); }
+Object number(double value) {
+  return Object::newReal(value, kDecimals, true);
+}
+Object name(const std::string& text) {
+  return Object::newName("/" + text);
+}
 
 Object rectangle(const std::array<double, 4>& box) {
   Object array = Object::newArray();

@@ -12,8 +12,8 @@ namespace qxfont {
 namespace {
 
 bool isSameFace(const fs::FS_FontInfo& a, const fs::FS_FontInfo& b) {
-  return a.getEntry() == b.getEntry() && a.getFontFileName().getLocalPath(true) ==
-                                             b.getFontFileName().getLocalPath(true);
+  return a.getEntry() == b.getEntry() &&
+         a.getFontFileName().getLocalPath(true) == b.getFontFileName().getLocalPath(true);
 }
 
 void requireEmbeddable(const fs::FS_FontInfo& font) {

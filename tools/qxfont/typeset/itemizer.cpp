@@ -44,8 +44,8 @@ std::vector<Run> itemize(const icu::UnicodeString& text, std::size_t style, cons
     Run run = chooser.choose(text.char32At(i));
     run.begin = i;
     run.end = i = text.moveIndex32(i, 1);
-    const bool more = !runs.empty() && runs.back().face == run.face &&
-                      runs.back().missing == run.missing;
+    const bool more =
+        !runs.empty() && runs.back().face == run.face && runs.back().missing == run.missing;
     if (more) {
       runs.back().end = run.end;
     } else {

@@ -99,8 +99,8 @@ class Filler {
   const icu::UnicodeString& text_;
   double width_;
   std::vector<double> before_;  // each index: the sum of the advances before it
-  int begin_ = 0;  // of the line
-  int taken_ = 0;  // what it holds so far
+  int begin_ = 0;               // of the line
+  int taken_ = 0;               // what it holds so far
   std::vector<int> characters_;
   std::vector<LineRange> lines_;
 };

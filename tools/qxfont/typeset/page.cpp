@@ -9,10 +9,10 @@
 namespace qxfont {
 namespace {
 
-constexpr double kMargin = 0.11;          // of the sheet's width
-constexpr double kLineHeight = 1.45;      // in em
-constexpr double kBaseline = 1.08;        // from the top of a line, in em
-constexpr double kParagraphGap = 0.75;    // in em
+constexpr double kMargin = 0.11;        // of the sheet's width
+constexpr double kLineHeight = 1.45;    // in em
+constexpr double kBaseline = 1.08;      // from the top of a line, in em
+constexpr double kParagraphGap = 0.75;  // in em
 
 /// Advances by the UTF-16 index of the characters, in points.
 std::vector<double> advancesOf(const std::vector<Glyph>& glyphs, int length, double size) {

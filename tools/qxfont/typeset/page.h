@@ -40,8 +40,8 @@ class PageBuilder {
   PageSize size_;
   const FontSet& fonts_;
   const Shaper& shaper_;
-  double y_;         // what is used of the page ends here
-  double gap_ = 0;   // wanted above the next line
+  double y_;        // what is used of the page ends here
+  double gap_ = 0;  // wanted above the next line
   std::vector<Page> pages_;
   std::set<int> missing_;
 };

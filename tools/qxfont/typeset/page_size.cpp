@@ -15,10 +15,10 @@ struct NamedSize {
   double height;
 };
 
-constexpr std::array kSizes = {
-    NamedSize{"A3", 297, 420},       NamedSize{"A4", 210, 297}, NamedSize{"A5", 148, 210},
-    NamedSize{"A6", 105, 148},       NamedSize{"B5", 176, 250}, NamedSize{"Letter", 215.9, 279.4},
-    NamedSize{"Legal", 215.9, 355.6}};
+constexpr std::array kSizes = {NamedSize{"A3", 297, 420},       NamedSize{"A4", 210, 297},
+                               NamedSize{"A5", 148, 210},       NamedSize{"A6", 105, 148},
+                               NamedSize{"B5", 176, 250},       NamedSize{"Letter", 215.9, 279.4},
+                               NamedSize{"Legal", 215.9, 355.6}};
 
 constexpr double kPointsPerMillimetre = 72 / 25.4;
 

@@ -114,7 +114,9 @@ class Reader {
 
 }  // namespace
 
-bool isSize(double size) { return size >= kSmallestSize && size <= kLargestSize; }
+bool isSize(double size) {
+  return size >= kSmallestSize && size <= kLargestSize;
+}
 
 std::vector<Paragraph> readSourceText(const std::string& text, const std::string& file,
                                       double size) {
