@@ -79,8 +79,7 @@ Json embeddingOf(const fs::FS_FontInfo& font) {
 }
 
 Json metricsOf(const fs::FS_FontInfo& font) {
-  fs::FS_NewTextMetricEx record;
-  font.getOutlineTextMetrics(record, 0);
+  const fs::FS_NewTextMetricEx record = metricsInUnits(font);
   const int unitsPerEm = font.getUnitsPerEm();
   Json metrics;
   metrics["units_per_em"] = unitsPerEm;
@@ -101,6 +100,12 @@ Json metricsOf(const fs::FS_FontInfo& font) {
 }
 
 }  // namespace
+
+fs::FS_NewTextMetricEx metricsInUnits(const fs::FS_FontInfo& font) {
+  fs::FS_NewTextMetricEx metrics;
+  font.getOutlineTextMetrics(metrics, -font.getUnitsPerEm());  // an em of that size
+  return metrics;
+}
 
 double italicAngle(const fs::FS_NewTextMetricEx& metrics) {
   return static_cast<double>(metrics.getItalicAngle()) / 65536;  // 16.16

@@ -50,7 +50,9 @@ GlyphsResult ask(const fs::FS_FontInfo& font, const GlyphsOptions& options) {
     result.rows.push_back(
         {text.char32At(i), glyph, font.getGlyphWidth(glyph, options.size, options.vertical)});
   }
-  result.textWidth = font.getTextWidth(text, options.size, options.vertical, nullptr);
+  // Font units are asked for as an em of that many, since a width of size 0 is no sum.
+  const int size = options.size != 0 ? options.size : -font.getUnitsPerEm();
+  result.textWidth = font.getTextWidth(text, size, options.vertical, nullptr);
   return result;
 }
 

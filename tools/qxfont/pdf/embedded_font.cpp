@@ -53,8 +53,7 @@ double stemOf(int weight) {
 }
 
 void takeMetrics(const fs::FS_FontInfo& font, double scale, PdfFont& out) {
-  fs::FS_NewTextMetricEx metrics;
-  font.getOutlineTextMetrics(metrics, 0);
+  const fs::FS_NewTextMetricEx metrics = metricsInUnits(font);
   const auto scaled = [&](float units) { return std::round(static_cast<double>(units) * scale); };
   out.bounds = {scaled(metrics.getBBoxLeft()), scaled(metrics.getBBoxBottom()),
                 scaled(metrics.getBBoxRight()), scaled(metrics.getBBoxTop())};
