@@ -1,9 +1,13 @@
 #pragma once
 
+#include <functional>
+
 #include "font/contract/base_font.h"
 #include "font/sfnt/true_type_info.h"
 
 namespace QXFontService_NS {
+
+struct WritingSource;
 
 /// What the font classes over sfnt data share: the queries that a record answers, written once over
 /// "the record of this entry, or none". It has no class id of its own.
@@ -65,6 +69,22 @@ class SfntFont : public FS_BaseFont {
 
   unsigned int getEmbedableCharCount(int entry) const override;
   bool canEmbedFont(int entry) const override;
+  // The forms of embedding, see `embed/true_type_subset.h`. `out` must be empty. Each answers
+  // false, and leaves in `out` what is of no use, where the font cannot be read or written.
+  bool getEmbedFont(const GlyphIDs& gids, QXMemStream& out, const unsigned int* tags, int entry,
+                    std::istream* source) override;
+  bool getEmbedFont(const GlyphIDs& gids, QXMemStream& out, int entry,
+                    std::istream* source) override;
+  bool getSVG2EmbedFont(const GlyphIDs& gids, QXMemStream& out, int entry,
+                        std::istream* source) override;
+  bool getEmbedFontWithCmap(const GlyphIDs& gids, QXMemStream& out, int entry,
+                            std::istream* source) override;
+  /// All tables of the face, unchanged.
+  bool getEmbedFontStream(QXMemStream& out, int entry, std::istream* source) override;
+  bool getPSEmbedFont(const GlyphIDs& gids, QXMemStream& out, FS_TTGlyphMap& map, int entry,
+                      std::istream* source) override;
+  bool makeSubsetFont(const GlyphIDs& gids, QXMemStream& out, int entry,
+                      std::istream* source) override;
   bool isEmbeddingAllowed(int entry) const override;
   FS_EMBEDSTATUS getEmbedStatus(int entry) const override;
   unsigned short getFontEmbeddingLicence(int entry) const override;
@@ -90,6 +110,13 @@ class SfntFont : public FS_BaseFont {
  protected:
   /// The record of an entry, or null.
   [[nodiscard]] virtual FS_TrueTypeInfo* record(int entry) const = 0;
+
+  /// Runs an operation that writes the font: `write` gets what the writers need of the face.
+  /// @param source the stream to read; null: the font in memory, else its file.
+  /// @return what `write` answers; false, before anything is opened, without a record, and without
+  ///   a stream or when `write` throws a standard exception but `std::bad_alloc`.
+  bool writeFont(int entry, std::istream* source,
+                 const std::function<bool(const WritingSource&)>& write);
 
  private:
   [[nodiscard]] UnicodeString name(QXLang::LanguageID lang, NameSlot slot, int entry) const;

@@ -22,6 +22,8 @@ class FS_TrueType : public SfntFont {
   /// with one face, and collections alone tell the true one.
   float getTypoDescender(int entry) const override;
   void setEudcFlag() override;
+  /// `out` reads from the font's own stream.
+  bool getEmbedFontStream(QXMemStream& out, int entry, std::istream* source) override;
   /// Loads a glyph into the font's FreeType face; Type 1 fonts alone do.
   virtual bool loadGlyph(unsigned int glyph, int flags);
 
