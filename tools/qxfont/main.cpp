@@ -1,3 +1,5 @@
 #include "qxfont/cli/app.h"
 
-int main(int argc, char** argv) { return qxfont::run(argc, argv); }
+int main(int argc, char** argv) {
+  return qxfont::run(argc, argv);
+}

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "embed/cff_subset_source.h"
+#include "embed/cff/cff_subset_source.h"
 
 namespace QXFontService_NS::embed::conforming {
 

@@ -3,66 +3,107 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <exception>
 #include <functional>
+#include <new>
+#include <sstream>
+#include <string>
+#include <system_error>
+#include <vector>
 
-#include "qxfont/cli/status.h"
-#include "qxfont/commands/commands.h"
 #include "qxfontservice/ext/versions.h"
+
+#include "qxfont/cli/command_first.h"
+#include "qxfont/cli/output.h"
+#include "qxfont/cli/removal.h"
+#include "qxfont/cli/status.h"
+#include "qxfont/cli/text.h"
+#include "qxfont/commands/commands.h"
 
 namespace qxfont {
 namespace {
 
-int exitCode(Status status) { return static_cast<int>(status); }
+int exitCode(Status status) {
+  return static_cast<int>(status);
+}
 
 std::string versionText() {
-  std::string text = "qxfont " QXFONT_VERSION "\n";
+  std::string text = "qxfont " QXFONT_VERSION;
   for (const auto& library : QXFontService_NS::ext::libraryVersions()) {
-    text += fmt::format("  {} {}\n", library.name, library.version);
+    text += fmt::format("\n  {} {}", library.name, library.version);
   }
   return text;
 }
 
-void tell(const ToolError& error) {
-  fmt::print(stderr, "qxfont: {}\n", error.what());
-  if (!error.hint().empty()) fmt::print(stderr, "hint: {}\n", error.hint());
+/// Errors go where nobody may listen any more: that is no reason to fail in another way.
+void say(const std::string& line) {
+  std::fputs((line + "\n").c_str(), stderr);
+}
+
+int tell(Status status, const std::string& what, const std::string& hint = {}) {
+  say("qxfont: " + shown(what));
+  if (!hint.empty()) say("hint: " + shown(hint));
+  return exitCode(status);
+}
+
+/// Ends as a filter does whose reader went away: without a word.
+int endBrokenPipe() {
+  std::signal(SIGPIPE, SIG_DFL);
+  std::raise(SIGPIPE);
+  return exitCode(Status::notWritten);
 }
 
 int runCommand(const std::function<void()>& command) {
   try {
     command();
+    flushOutput();
+    return exitCode(Status::done);
   } catch (const ToolError& error) {
-    tell(error);
-    return exitCode(error.status());
+    return tell(error.status(), error.what(), error.hint());
+  } catch (const std::system_error& error) {
+    if (error.code().value() == EPIPE) return endBrokenPipe();
+    return tell(Status::notWritten, error.what());
+  } catch (const std::bad_alloc&) {
+    return tell(Status::badFont, "not enough memory");
   } catch (const std::exception& error) {
-    fmt::print(stderr, "qxfont: {}\n", error.what());
-    return exitCode(Status::badFont);
+    return tell(Status::badFont, error.what());
   }
-  return std::fflush(stdout) == 0 ? exitCode(Status::done) : exitCode(Status::notWritten);
 }
 
 /// Help and version are no errors; all else that the parser refuses is a wrong call.
 int tellParseResult(const CLI::App& app, const CLI::ParseError& result) {
-  if (result.get_exit_code() == 0) return app.exit(result);
-  fmt::print(stderr, "qxfont: {}\n", result.what());
-  fmt::print(stderr, "hint: qxfont --help, or qxfont COMMAND --help\n");
-  return exitCode(Status::wrongCall);
+  if (result.get_exit_code() != 0) {
+    return tell(Status::wrongCall, result.what(), "see qxfont --help, or qxfont COMMAND --help");
+  }
+  return runCommand([&] {
+    std::ostringstream text;
+    app.exit(result, text, text);
+    fmt::print("{}", text.str());
+  });
+}
+
+std::vector<std::string> reversed(std::vector<std::string> arguments) {
+  std::reverse(arguments.begin(), arguments.end());  // the parser takes them from the back
+  return arguments;
 }
 
 }  // namespace
 
 int run(int argc, char** argv) {
+  watchSignals();
   CLI::App app{"Finds fonts, tells about them, sets text in them and embeds them.", "qxfont"};
-  app.set_version_flag("--version", versionText);
+  app.set_version_flag("--version", versionText, "versions of qxfont and of what it runs on");
   app.require_subcommand(1);
   app.fallthrough();
 
   std::function<void()> chosen;
   addCommands(app, chosen);
   try {
-    app.parse(argc, argv);
+    app.parse(reversed(withCommandFirst(app, std::vector<std::string>(argv + 1, argv + argc))));
   } catch (const CLI::ParseError& result) {
     return tellParseResult(app, result);
   }

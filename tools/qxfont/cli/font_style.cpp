@@ -14,17 +14,24 @@ bool isNumber(const std::string& text) {
                      [](unsigned char c) { return std::isdigit(c) != 0; });
 }
 
+int weightOf(const std::string& number, const std::string& style) {
+  const int weight = std::stoi(number);
+  if (weight >= 1 && weight <= 1000) return weight;
+  throw ToolError(Status::wrongCall,
+                  "the weight " + number + " in the style '" + style + "' is not from 1 to 1000");
+}
+
 }  // namespace
 
 FontStyle parseFontStyle(const std::string& text) {
-  FontStyle style{text, 0, false};
+  FontStyle style{text};
   for (std::size_t colon = style.font.rfind(':'); colon != std::string::npos;
        colon = style.font.rfind(':')) {
     const std::string part = style.font.substr(colon + 1);
     if (part == "italic" && !style.italic) {
       style.italic = true;
     } else if (isNumber(part) && style.weight == 0) {
-      style.weight = std::stoi(part);
+      style.weight = weightOf(part, text);
     } else {
       break;
     }

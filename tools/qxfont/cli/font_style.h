@@ -12,7 +12,7 @@ struct FontStyle {
 };
 
 /// Takes a weight and "italic" off the end of `text`; the rest is the font, colons and all.
-/// @throws ToolError for a text without a font.
+/// @throws ToolError `wrongCall` for a text without a font and for a weight that is none.
 FontStyle parseFontStyle(const std::string& text);
 
 }  // namespace qxfont

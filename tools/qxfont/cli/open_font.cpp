@@ -6,26 +6,38 @@
 #include <system_error>
 #include <utility>
 
+#include "qxfontservice/ext/open_file.h"
+
 #include "qxfont/cli/near_names.h"
+#include "qxfont/cli/paths.h"
 #include "qxfont/cli/status.h"
 #include "qxfont/cli/text.h"
-#include "qxfontservice/ext/open_file.h"
 
 namespace qxfont {
 namespace {
 
-fs::QXUri uriOf(const std::string& path) {
-  std::error_code failed;
-  const auto absolute = std::filesystem::absolute(path, failed);
-  return fs::QXUri(unicode(failed ? path : absolute.string()), QXCommonNS::URISTR_USER);
+ToolError unreadable(const std::string& path, const QXCommonNS::QXError& reason) {
+  const std::string text = oneLine(reason.getErrorMessage());
+  return ToolError(Status::badFont, text.empty() ? "the font " + path + " cannot be read" : text);
+}
+
+/// A file that opens, but not at this face, is not at fault itself.
+bool opensAtAll(const fs::QXUri& file) {
+  fs::FS_FontInfo info;
+  const bool opens = fs::ext::openFontFile(file, 0, info);
+  if (opens) info.deleteFont();
+  return opens;
 }
 
 OpenFont openPath(const FontOptions& options) {
+  const fs::QXUri file = uriOfPath(options.font);
   fs::FS_FontInfo info;
-  if (!fs::ext::openFontFile(uriOf(options.font), options.face, info)) {
-    throw ToolError(Status::badFont, oneLine(info.getError().getErrorMessage()));
+  if (fs::ext::openFontFile(file, options.face, info)) return OpenFont(info, true);
+  if (options.face > 0 && opensAtAll(file)) {
+    throw ToolError(Status::noMatch, fmt::format("{} has no face {}", options.font, options.face),
+                    "faces are counted from 0");
   }
-  return OpenFont(info, true);
+  throw unreadable(options.font, info.getError());
 }
 
 OpenFont openName(Service& service, const FontOptions& options) {
@@ -38,10 +50,7 @@ OpenFont openName(Service& service, const FontOptions& options) {
       fs::FS_FontInfo::getFontFolderPath(unicode(options.font), options.weight, options.italic,
                                          options.stretch, service.documentFonts(), nullptr);
   if (file.isEmpty()) throw noSuchFont(service, options.font);
-  const std::string reason = oneLine(info.getError().getErrorMessage());
-  throw ToolError(Status::badFont, !reason.empty() ? reason
-                                                   : fmt::format("the font of {} cannot be loaded",
-                                                                 utf8(file.getLocalPath(true))));
+  throw unreadable(utf8(file.getLocalPath(true)), info.getError());
 }
 
 }  // namespace
@@ -61,7 +70,15 @@ OpenFont& OpenFont::operator=(OpenFont&& other) noexcept {
 
 bool isPath(const std::string& font) {
   std::error_code ignored;
-  return font.find('/') != std::string::npos || std::filesystem::exists(font, ignored);
+  return font.find('/') != std::string::npos || std::filesystem::is_regular_file(font, ignored);
+}
+
+void checkFontOptions(const FontOptions& options) {
+  if (options.font.empty()) throw ToolError(Status::wrongCall, "FONT is empty");
+  if (options.face > 0 && !isPath(options.font)) {
+    throw ToolError(Status::wrongCall,
+                    "--face picks a member of a font file, and '" + options.font + "' is a name");
+  }
 }
 
 OpenFont openFont(Service& service, const FontOptions& options) {

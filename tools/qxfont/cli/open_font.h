@@ -4,6 +4,7 @@
 
 #include "qxfont/cli/options.h"
 #include "qxfont/cli/service.h"
+#include "qxfont/cli/status.h"
 
 namespace qxfont {
 
@@ -28,6 +29,10 @@ class OpenFont {
 
 /// Whether a FONT argument is a path: it holds a slash, or a file of that name is there.
 bool isPath(const std::string& font);
+
+/// Looks at the options alone, before the service is opened.
+/// @throws ToolError `wrongCall`.
+void checkFontOptions(const FontOptions& options);
 
 /// Opens the face that the options name.
 /// @throws ToolError `noMatch` for a name without a face, `badFont` for one that cannot be read.

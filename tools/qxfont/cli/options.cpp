@@ -6,12 +6,14 @@ namespace qxfont {
 
 void addSourceOptions(CLI::App& command, SourceOptions& options) {
   auto* group = command.add_option_group("Where fonts come from");
-  group->add_option("--config", options.config,
-                    "a configuration file (else the variable QXFONT_CONFIG, else the system)")
-      ->type_name("FILE");
+  auto* config =
+      group->add_option("--config", options.config,
+                        "a configuration file (else the variable QXFONT_CONFIG, else the system)");
+  config->type_name("FILE");
   group->add_option("--only", options.only, "nothing but this folder, with its subfolders")
       ->type_name("DIR")
-      ->allow_extra_args(false);
+      ->allow_extra_args(false)
+      ->excludes(config);
   group->add_option("--add", options.add, "this folder too, without its subfolders")
       ->type_name("DIR")
       ->allow_extra_args(false);
@@ -25,10 +27,13 @@ void addFontOptions(CLI::App& command, FontOptions& options) {
       .add_option("FONT", options.font,
                   "a family, full, PostScript or file name, or the path of a font file")
       ->required();
-  command.add_option("--weight", options.weight, "weight from 100 to 900 (normal: 400)");
+  command.add_option("--weight", options.weight, "weight from 1 to 1000 (normal: 400)")
+      ->check(CLI::Range(1, 1000));
   command.add_flag("--italic", options.italic, "the italic face");
-  command.add_option("--stretch", options.stretch, "width class from 1 to 9 (normal: 5)");
-  command.add_option("--face", options.face, "member of a collection, from 0, for a path");
+  command.add_option("--stretch", options.stretch, "width class from 1 to 9 (normal: 5)")
+      ->check(CLI::Range(1, 9));
+  command.add_option("--face", options.face, "member of a font file, from 0")
+      ->check(CLI::Range(0, 65535));
 }
 
 void addJsonOption(CLI::App& command, OutputOptions& options) {

@@ -5,13 +5,12 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <system_error>
 
-#include "qxfont/cli/status.h"
 #include "qxfont/cli/text.h"
 
 namespace qxfont {
@@ -20,46 +19,31 @@ namespace {
 constexpr const char* kBold = "\033[1m";
 constexpr const char* kPlain = "\033[0m";
 
-/// Columns on a terminal: wide characters take two.
+/// Columns on a terminal: wide characters take two, marks none.
+std::size_t columnsOf(UChar32 character) {
+  const int kind = u_charType(character);
+  if (kind == U_NON_SPACING_MARK || kind == U_ENCLOSING_MARK || kind == U_FORMAT_CHAR) return 0;
+  const int width = u_getIntPropertyValue(character, UCHAR_EAST_ASIAN_WIDTH);
+  return width == U_EA_WIDE || width == U_EA_FULLWIDTH ? 2 : 1;
+}
+
 std::size_t widthOf(const std::string& text) {
   const icu::UnicodeString units = unicode(text);
   std::size_t width = 0;
   for (int i = 0; i < units.length(); i = units.moveIndex32(i, 1)) {
-    const int kind = u_getIntPropertyValue(units.char32At(i), UCHAR_EAST_ASIAN_WIDTH);
-    width += kind == U_EA_WIDE || kind == U_EA_FULLWIDTH ? 2 : 1;
+    width += columnsOf(units.char32At(i));
   }
   return width;
 }
 
-/// Removes a file unless it was kept.
-class PartFile {
- public:
-  explicit PartFile(std::string path) : path_(std::move(path)) {}
-  ~PartFile() {
-    std::error_code ignored;
-    if (!kept_) std::filesystem::remove(path_, ignored);
-  }
-  PartFile(const PartFile&) = delete;
-  PartFile& operator=(const PartFile&) = delete;
-
-  [[nodiscard]] const std::string& path() const { return path_; }
-  void moveTo(const std::string& target) {
-    std::error_code failed;
-    std::filesystem::rename(path_, target, failed);
-    if (failed) throw ToolError(Status::notWritten, "cannot write " + target);
-    kept_ = true;
-  }
-
- private:
-  std::string path_;
-  bool kept_ = false;
-};
-
 }  // namespace
 
+std::string jsonText(const Json& json) {
+  return json.dump(1, ' ', false, Json::error_handler_t::replace);
+}
+
 void printJson(const Json& json) {
-  // What is no UTF-8 in a file name must not keep the rest from being told.
-  fmt::print("{}\n", json.dump(1, ' ', false, Json::error_handler_t::replace));
+  fmt::print("{}\n", jsonText(json));
 }
 
 void printRows(const Json& rows, const OutputOptions& options) {
@@ -72,6 +56,11 @@ void printRows(const Json& rows, const OutputOptions& options) {
 bool takesColour() {
   const char* off = std::getenv("NO_COLOR");
   return isatty(STDOUT_FILENO) != 0 && (off == nullptr || *off == '\0');
+}
+
+void TextTable::add(std::vector<std::string> row) {
+  for (std::string& cell : row) cell = shown(cell);
+  rows_.push_back(std::move(row));
 }
 
 void TextTable::print() const {
@@ -91,18 +80,16 @@ void TextTable::print() const {
   }
 }
 
-void writeOutput(const std::string& path, const std::function<void(const std::string&)>& write) {
-  PartFile part(fmt::format("{}.part{}", path, getpid()));
-  write(part.path());
-  part.moveTo(path);
+Json number(double value) {
+  if (!std::isfinite(value)) return 0;
+  if (value == std::floor(value) && std::fabs(value) < 1e15) return static_cast<long long>(value);
+  return std::stod(fmt::format("{}", static_cast<float>(value)));
 }
 
-void writeBytes(const std::string& path, const std::string& bytes) {
-  writeOutput(path, [&](const std::string& part) {
-    std::ofstream out(part, std::ios::binary);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    if (!out.flush()) throw ToolError(Status::notWritten, "cannot write " + path);
-  });
+void flushOutput() {
+  if (std::fflush(stdout) != 0) {
+    throw std::system_error(errno, std::generic_category(), "cannot write standard output");
+  }
 }
 
 }  // namespace qxfont

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <nlohmann/json.hpp>
-
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,6 +10,9 @@ namespace qxfont {
 
 /// JSON whose keys stay in the order in which they were written.
 using Json = nlohmann::ordered_json;
+
+/// The text of a JSON document; what is no UTF-8 in a file name does not keep it from being told.
+std::string jsonText(const Json& json);
 
 /// Prints one JSON document.
 void printJson(const Json& json);
@@ -23,7 +24,8 @@ void printRows(const Json& rows, const OutputOptions& options);
 class TextTable {
  public:
   explicit TextTable(std::vector<std::string> titles) { rows_.push_back(std::move(titles)); }
-  void add(std::vector<std::string> row) { rows_.push_back(std::move(row)); }
+  /// Cells may hold anything: control characters are made visible.
+  void add(std::vector<std::string> row);
   /// Prints titles and rows, bold titles on a terminal; the last column is not filled up.
   void print() const;
 
@@ -34,13 +36,11 @@ class TextTable {
 /// Whether standard output takes colour: a terminal, and NO_COLOR is not set.
 bool takesColour();
 
-/// Writes a file beside its place and moves it there at the end, so that a failure leaves no
-/// half-written output.
-/// @param write writes the content to the path it is given.
-/// @throws ToolError `notWritten`, and whatever `write` throws.
-void writeOutput(const std::string& path, const std::function<void(const std::string&)>& write);
+/// A number for JSON: an integer where it is one, else with the digits that tell it apart as float.
+Json number(double value);
 
-/// The same for bytes in memory.
-void writeBytes(const std::string& path, const std::string& bytes);
+/// Hands everything printed to the outside.
+/// @throws std::system_error when standard output does not take it, as printing itself does.
+void flushOutput();
 
 }  // namespace qxfont

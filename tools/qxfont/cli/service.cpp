@@ -7,8 +7,13 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <system_error>
 
-#include "qxfont/cli/font_style.h"
+#include "qxfontservice/ext/open_file.h"
+
+#include "qxfont/cli/document_font.h"
+#include "qxfont/cli/folder_configuration.h"
+#include "qxfont/cli/paths.h"
 #include "qxfont/cli/status.h"
 #include "qxfont/cli/text.h"
 
@@ -18,25 +23,6 @@ namespace {
 /// The variable whose name the tool passes to the service.
 constexpr const char* kVariable = "QXFONT_CONFIG";
 
-std::string xmlEscaped(const std::string& text) {
-  std::string out;
-  for (const char c : text) {
-    switch (c) {
-      case '&': out += "&amp;"; break;
-      case '<': out += "&lt;"; break;
-      case '"': out += "&quot;"; break;
-      default: out += c;
-    }
-  }
-  return out;
-}
-
-std::string absolutePath(const std::string& path) {
-  std::error_code failed;
-  const auto absolute = std::filesystem::absolute(path, failed);
-  return failed ? path : absolute.string();
-}
-
 void requireFolder(const std::string& folder) {
   std::error_code failed;
   if (!std::filesystem::is_directory(folder, failed)) {
@@ -44,16 +30,33 @@ void requireFolder(const std::string& folder) {
   }
 }
 
-/// A configuration of nothing but the folders given.
-void writeConfiguration(const std::string& file, const std::vector<std::string>& folders) {
+void writeText(const std::string& file, const std::string& text) {
   std::ofstream out(file);
-  out << "<font-config windows-registry=\"disable\">\n";
-  for (const std::string& folder : folders) {
-    out << "  <font-folder path=\"" << xmlEscaped(absolutePath(folder))
-        << "\" recursive=\"yes\"/>\n";
-  }
-  out << "</font-config>\n";
+  out << text;
   if (!out.flush()) throw ToolError(Status::notWritten, "cannot write " + file);
+}
+
+/// A configuration that is named but missing would be passed over without a word.
+void requireConfigured() {
+  const std::string named = std::getenv(kVariable);
+  if (named.empty() || !fs::FS_GetFontConfigPath(kVariable, false).isEmpty()) return;
+  throw ToolError(Status::configuration, fmt::format("there is no configuration {}", named),
+                  fmt::format("the variable {} names it", kVariable));
+}
+
+std::string withoutPath(std::string text, const std::string& path) {
+  const std::size_t at = text.find(path);
+  return at == std::string::npos ? text : text.replace(at, path.size(), "these folders");
+}
+
+/// The family that a font file names itself; empty when it cannot be read.
+std::string ownFamily(const std::string& file) {
+  fs::FS_FontInfo font;
+  if (!fs::ext::openFontFile(uriOfPath(file), 0, font))
+    return std::filesystem::path(file).stem().string();
+  const std::string family = utf8(font.getFamilyName(fs::QXLang::LANGID_DEFAULT));
+  font.deleteFont();
+  return family;
 }
 
 int countFace(fs::FS_FontResourceType, const fs::FS_EnumLogFontEx*, const fs::FS_NewTextMetricEx*,
@@ -65,34 +68,48 @@ int countFace(fs::FS_FontResourceType, const fs::FS_EnumLogFontEx*, const fs::FS
 }  // namespace
 
 Service::Service(const SourceOptions& options) {
+  std::vector<DocumentFont> documents;
+  for (const std::string& text : options.documents) documents.push_back(parseDocumentFont(text));
+  for (const std::string& folder : options.only) requireFolder(folder);
+  for (const std::string& folder : options.add) requireFolder(folder);
+
   open(options);
   for (const std::string& folder : options.add) addFolder(folder);
-  for (const std::string& document : options.documents) addDocument(document);
+  for (const DocumentFont& document : documents) addDocument(document);
   tellWarnings();
 }
 
 void Service::open(const SourceOptions& options) {
-  if (!options.only.empty()) {
-    openOnly(options.only);
-  } else if (!options.config.empty()) {
-    if (access(options.config.c_str(), R_OK) != 0) {
-      throw ToolError(Status::configuration, "cannot read the configuration " + options.config);
-    }
-    setenv(kVariable, absolutePath(options.config).c_str(), 1);
-    openWith(kVariable);
-  } else {
-    // A name alone would make the service look beside its module for a configuration.
-    openWith(std::getenv(kVariable) != nullptr ? kVariable : nullptr);
+  if (!options.only.empty()) return openOnly(options.only);
+  if (!options.config.empty()) return openConfiguration(options.config);
+  // A name alone would make the service look beside its module for a configuration.
+  if (std::getenv(kVariable) == nullptr) return openWith(nullptr);
+  requireConfigured();
+  openWith(kVariable);
+}
+
+void Service::openConfiguration(const std::string& file) {
+  std::error_code failed;
+  if (!std::filesystem::is_regular_file(file, failed) || access(file.c_str(), R_OK) != 0) {
+    throw ToolError(Status::configuration, "cannot read the configuration " + file);
   }
+  setenv(kVariable, absolutePath(file).c_str(), 1);
+  openWith(kVariable);
 }
 
 void Service::openOnly(const std::vector<std::string>& folders) {
-  for (const std::string& folder : folders) requireFolder(folder);
   temporary_.emplace();
   const std::string file = temporary_->path() + "/font-config.xml";
-  writeConfiguration(file, folders);
+  writeText(file, folderConfiguration(folders));
   setenv(kVariable, file.c_str(), 1);
-  openWith(kVariable);
+  try {
+    openWith(kVariable);
+  } catch (const ToolError& error) {
+    // People gave folders; they have never seen the file that stands for them.
+    throw ToolError(error.status(),
+                    fmt::format("no fonts can be taken from {}: {}", fmt::join(folders, ", "),
+                                withoutPath(error.what(), file)));
+  }
 }
 
 void Service::openWith(const char* variable) {
@@ -104,22 +121,15 @@ void Service::openWith(const char* variable) {
 }
 
 void Service::addFolder(const std::string& folder) {
-  requireFolder(folder);
-  fs::FS_AddFontFolderPath(
-      fs::QXUri(unicode(absolutePath(folder)), QXCommonNS::URISTR_USER));
+  fs::FS_AddFontFolderPath(uriOfPath(folder));
 }
 
-void Service::addDocument(const std::string& text) {
-  const std::size_t equals = text.find('=');
-  const std::string file = text.substr(0, equals);
-  const FontStyle style =
-      equals == std::string::npos ? FontStyle{} : parseFontStyle(text.substr(equals + 1));
-  const std::string family =
-      style.font.empty() ? std::filesystem::path(file).stem().string() : style.font;
+void Service::addDocument(const DocumentFont& font) {
+  const std::string family = font.style.font.empty() ? ownFamily(font.file) : font.style.font;
   fs::QXError error;
-  const int number =
-      manager_.appendExtraFont(unicode(absolutePath(file)), fs::FS_FILETYPE_UNKNOWN,
-                               unicode(family), style.weight, style.italic ? 1 : -1, &error);
+  const int number = manager_.appendExtraFont(
+      unicode(absolutePath(font.file)), fs::FS_FILETYPE_UNKNOWN, unicode(family), font.style.weight,
+      font.style.italic ? 1 : -1, &error);
   if (number < 0) throw ToolError(Status::badFont, oneLine(error.getErrorMessage()));
 }
 

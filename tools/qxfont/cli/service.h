@@ -3,9 +3,11 @@
 #include <optional>
 #include <string>
 
+#include "qxfontservice/font_service.h"
+
+#include "qxfont/cli/document_font.h"
 #include "qxfont/cli/options.h"
 #include "qxfont/cli/temporary_folder.h"
-#include "qxfontservice/font_service.h"
 
 namespace qxfont {
 
@@ -26,11 +28,14 @@ class Service {
   [[nodiscard]] int faceCount();
 
  private:
+  // Opening takes a moment with many fonts: where the library tells how far it is, a `Progress`
+  // goes here.
   void open(const SourceOptions& options);
+  static void openConfiguration(const std::string& file);
   void openOnly(const std::vector<std::string>& folders);
-  void openWith(const char* variable);
-  void addFolder(const std::string& folder);
-  void addDocument(const std::string& text);
+  static void openWith(const char* variable);
+  static void addFolder(const std::string& folder);
+  void addDocument(const DocumentFont& font);
   static void tellWarnings();
 
   std::optional<TemporaryFolder> temporary_;

@@ -7,20 +7,27 @@
 #include "qxfont/cli/status.h"
 
 namespace qxfont {
+namespace {
 
-TemporaryFolder::TemporaryFolder() {
+std::string makeFolder() {
   std::error_code failed;
   const std::filesystem::path parent = std::filesystem::temp_directory_path(failed);
   std::string pattern = (failed ? std::filesystem::path("/tmp") : parent) / "qxfont-XXXXXX";
   if (mkdtemp(pattern.data()) == nullptr) {
-    throw ToolError(Status::notWritten, "no temporary folder can be made as " + pattern);
+    throw ToolError(Status::notWritten, "no temporary folder can be made as " + pattern,
+                    "the variable TMPDIR names the folder of temporary files");
   }
-  path_ = pattern;
+  return pattern;
 }
 
-TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
-}
+}  // namespace
+
+TemporaryFolder::TemporaryFolder()
+    : removal_([this] {
+        // Not interrupted between making and announcing it.
+        const auto held = holdSignals();
+        path_ = makeFolder();
+        return Removal(path_);
+      }()) {}
 
 }  // namespace qxfont

@@ -39,7 +39,7 @@ struct GlyphsResult {
 GlyphsResult ask(const fs::FS_FontInfo& font, const GlyphsOptions& options) {
   const icu::UnicodeString text = unicode(options.text);
   GlyphsResult result;
-  std::vector<unsigned short> glyphs(static_cast<std::size_t>(text.countChar32()));
+  std::vector<unsigned short> glyphs(static_cast<std::size_t>(text.length()));
   int count = 0;
   if (!font.getGlyphIDs(text, glyphs.data(), count, options.vertical, &result.firstMissing)) {
     return result;
@@ -50,7 +50,9 @@ GlyphsResult ask(const fs::FS_FontInfo& font, const GlyphsOptions& options) {
     result.rows.push_back(
         {text.char32At(i), glyph, font.getGlyphWidth(glyph, options.size, options.vertical)});
   }
-  result.textWidth = font.getTextWidth(text, options.size, options.vertical, nullptr);
+  // Font units are asked for as an em of that many, since a width of size 0 is no sum.
+  const int size = options.size != 0 ? options.size : -font.getUnitsPerEm();
+  result.textWidth = font.getTextWidth(text, size, options.vertical, nullptr);
   return result;
 }
 
@@ -58,9 +60,10 @@ Json resultJson(const GlyphsResult& result) {
   Json json;
   json["glyphs"] = Json::array();
   for (const GlyphRow& row : result.rows) {
-    json["glyphs"].push_back({{"code", row.code}, {"glyph", row.glyph}, {"width", row.width}});
+    json["glyphs"].push_back(
+        {{"code", row.code}, {"glyph", row.glyph}, {"width", number(row.width)}});
   }
-  json["text_width"] = result.textWidth;
+  json["text_width"] = number(result.textWidth);
   json["first_missing"] = result.firstMissing;
   return json;
 }
@@ -69,7 +72,7 @@ void printResult(const GlyphsResult& result) {
   TextTable table({"character", "glyph", "width"});
   for (const GlyphRow& row : result.rows) {
     table.add({fmt::format("{} {}", codePointName(row.code), utf8(icu::UnicodeString(row.code))),
-               row.glyph == 0xFFFF ? "none" : fmt::format("{}", row.glyph),
+               row.glyph == fs::FS_NO_GLYPH ? "none" : fmt::format("{}", row.glyph),
                fmt::format("{}", row.width)});
   }
   table.print();
@@ -79,6 +82,7 @@ void printResult(const GlyphsResult& result) {
 }
 
 void glyphs(const GlyphsOptions& options) {
+  checkFontOptions(options.font);
   Service service(options.source);
   const OpenFont font = openFont(service, options.font);
   const GlyphsResult result = ask(*font, options);

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "qxfont/cli/file_type_name.h"
 #include "qxfont/cli/open_font.h"
 #include "qxfont/cli/options.h"
 #include "qxfont/cli/output.h"
@@ -36,11 +37,11 @@ int collectRow(fs::FS_FontResourceType type, const fs::FS_EnumLogFontEx* font,
 }
 
 void printText(const Json& rows) {
-  TextTable table({"family", "weight", "slant", "full name", "file type"});
+  TextTable table({"family", "weight", "slant", "full name", "kind"});
   for (const Json& row : rows) {
     table.add({row["family"], fmt::format("{}", row["weight"].get<int>()),
                row["italic"].get<bool>() ? "italic" : "", row["full_name"],
-               fmt::format("{}", row["file_type"].get<int>())});
+               fileTypeName(row["file_type"].get<int>())});
   }
   table.print();
 }

@@ -1,3 +1,5 @@
+#include "qxfontservice/ext/match.h"
+
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
@@ -12,7 +14,6 @@
 #include "qxfont/cli/status.h"
 #include "qxfont/cli/text.h"
 #include "qxfont/commands/commands.h"
-#include "qxfontservice/ext/match.h"
 
 namespace qxfont {
 namespace {
@@ -31,20 +32,21 @@ struct MatchOptions {
 constexpr std::array kPools = {"none", "extra", "alias", "main"};
 constexpr std::array kTables = {"none", "family", "file"};
 constexpr std::array kSteps = {"none", "exact", "stretch", "upright", "rounded", "filled"};
-constexpr std::array kStepTexts = {
-    "nothing",
-    "weight, slant and width as asked",
-    "weight and slant as asked, in normal width",
-    "the upright face of that weight stands in for its italic",
-    "the weight rounded up to a hundred",
-    "no face has this style: the nearest one fills the gap"};
+constexpr std::array kStepTexts = {"nothing",
+                                   "weight, slant and width as asked",
+                                   "weight and slant as asked, in normal width",
+                                   "the upright face of that weight stands in for its italic",
+                                   "the weight rounded up to a hundred",
+                                   "no face has this style: the nearest one fills the gap"};
 
 template <class Texts, class Value>
 const char* textOf(const Texts& texts, Value value) {
   return texts[static_cast<std::size_t>(value)];
 }
 
-std::string fileOf(const MatchFace& face) { return utf8(face.file.getLocalPath(true)); }
+std::string fileOf(const MatchFace& face) {
+  return utf8(face.file.getLocalPath(true));
+}
 
 Json faceJson(const MatchFace& face) {
   Json json;
@@ -76,6 +78,7 @@ Json explanationJson(const MatchReport& report) {
 
 Json reportJson(const MatchReport& report, bool explain) {
   Json json = faceJson(report.face);
+  if (report.pool == fs::ext::MatchPool::none) return json;  // a path: nothing was looked up
   json["pool"] = textOf(kPools, report.pool);
   json["step"] = textOf(kSteps, report.step);
   if (explain) json.update(explanationJson(report));
@@ -83,7 +86,7 @@ Json reportJson(const MatchReport& report, bool explain) {
 }
 
 std::string faceText(const MatchFace& face) {
-  return fmt::format("{} (weight {}{}, width {})", utf8(face.postScriptName), face.weight,
+  return fmt::format("{} (weight {}{}, width {})", shown(face.postScriptName), face.weight,
                      face.italic ? ", italic" : "", face.stretch);
 }
 
@@ -93,24 +96,28 @@ void printFilled(const MatchReport& report) {
              report.filled.size());
   for (const FilledSlot& slot : report.filled) {
     fmt::print("           {}{} -> {}\n", slot.weight, slot.italic ? " italic" : "",
-               utf8(slot.face.postScriptName));
+               shown(slot.face.postScriptName));
   }
 }
 
 void printExplanation(const MatchReport& report) {
+  if (report.pool == fs::ext::MatchPool::none) {
+    fmt::print("  found:   by its path, no name was looked up\n");
+    return;
+  }
   fmt::print("  found:   in the {} pool, {} table, as '{}'\n", textOf(kPools, report.pool),
-             textOf(kTables, report.table), utf8(report.key));
+             textOf(kTables, report.table), shown(report.key));
   fmt::print("  step:    {}: {}\n", textOf(kSteps, report.step), textOf(kStepTexts, report.step));
   printFilled(report);
   for (const MatchFace& loser : report.losers) {
     fmt::print("  behind:  {} in {} has the same name and style and was found later\n",
-               faceText(loser), fileOf(loser));
+               faceText(loser), shown(fileOf(loser)));
   }
 }
 
 void printReport(const MatchReport& report, bool explain) {
   fmt::print("{}\n", faceText(report.face));
-  fmt::print("  file:    {}{}\n", fileOf(report.face),
+  fmt::print("  file:    {}{}\n", shown(fileOf(report.face)),
              report.face.entry > 0 ? fmt::format(", face {}", report.face.entry) : "");
   if (explain) printExplanation(report);
 }
@@ -125,20 +132,20 @@ MatchReport reportOfPath(Service& service, const FontOptions& options) {
   report.face.family = font->getFamilyName(fs::QXLang::LANGID_DEFAULT);
   report.face.postScriptName = font->getPostScriptName(fs::QXLang::LANGID_DEFAULT);
   font->getFontStyle(&report.face.weight, &report.face.italic, &report.face.stretch);
-  report.step = fs::ext::MatchStep::exact;
   return report;
 }
 
 MatchReport reportOfName(Service& service, const FontOptions& options) {
   MatchReport report;
-  if (!fs::ext::explainMatch(unicode(options.font), options.weight, options.italic,
-                             options.stretch, service.documentFonts(), report)) {
+  if (!fs::ext::explainMatch(unicode(options.font), options.weight, options.italic, options.stretch,
+                             service.documentFonts(), report)) {
     throw noSuchFont(service, options.font);
   }
   return report;
 }
 
 void match(const MatchOptions& options) {
+  checkFontOptions(options.font);
   Service service(options.source);
   const MatchReport report = isPath(options.font.font) ? reportOfPath(service, options.font)
                                                        : reportOfName(service, options.font);

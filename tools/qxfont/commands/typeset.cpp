@@ -1,0 +1,202 @@
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "qxfont/cli/font_style.h"
+#include "qxfont/cli/input_file.h"
+#include "qxfont/cli/options.h"
+#include "qxfont/cli/output.h"
+#include "qxfont/cli/output_file.h"
+#include "qxfont/cli/progress.h"
+#include "qxfont/cli/service.h"
+#include "qxfont/cli/source_date.h"
+#include "qxfont/cli/status.h"
+#include "qxfont/cli/text.h"
+#include "qxfont/commands/commands.h"
+#include "qxfont/embed/rights.h"
+#include "qxfont/pdf/embedded_font.h"
+#include "qxfont/pdf/page_content.h"
+#include "qxfont/pdf/pdf_document.h"
+#include "qxfont/typeset/page.h"
+#include "qxfont/typeset/page_size.h"
+#include "qxfont/typeset/shaper.h"
+#include "qxfont/typeset/source_text.h"
+#include "qxfont/typeset/used_glyphs.h"
+
+namespace qxfont {
+namespace {
+
+struct TypesetOptions {
+  SourceOptions source;
+  OutputOptions output;
+  std::string file;
+  std::vector<std::string> fonts;
+  double size = 12;
+  std::string page = "A4";
+  std::string out;
+  bool allowRestricted = false;
+};
+
+/// What the command line and the text ask for, before any font is looked at.
+struct Request {
+  PageSize page;
+  std::vector<FontStyle> styles;
+  std::vector<Paragraph> paragraphs;
+  std::string date;
+};
+
+Request readRequest(const TypesetOptions& options) {
+  if (std::filesystem::path(options.out).extension() != ".pdf") {
+    throw ToolError(Status::wrongCall, "typeset writes PDF, and this is no .pdf: " + options.out);
+  }
+  if (!isSize(options.size)) {
+    throw ToolError(Status::wrongCall,
+                    fmt::format("the size {} is not from 1 to 1000 points", options.size));
+  }
+  Request request;
+  request.page = pageSizeOf(options.page);
+  for (const std::string& font : options.fonts) request.styles.push_back(parseFontStyle(font));
+  request.paragraphs = readSourceText(readTextFile(options.file), options.file, options.size);
+  request.date = sourceDate();
+  return request;
+}
+
+/// Opens the face of each paragraph; an error tells the line that asks for it.
+std::vector<std::size_t> facesOf(const Request& request, const std::string& file, FontSet& fonts) {
+  for (const FontStyle& style : request.styles) fonts.lend(fonts.faceOf(style));
+  std::vector<std::size_t> faces;
+  for (const Paragraph& paragraph : request.paragraphs) {
+    try {
+      faces.push_back(fonts.faceOf(paragraph.style.value_or(request.styles.front())));
+    } catch (const ToolError& error) {
+      throw ToolError(error.status(), fmt::format("{}:{}: {}", file, paragraph.line, error.what()),
+                      error.hint());
+    }
+  }
+  return faces;
+}
+
+void setText(const Request& request, const std::vector<std::size_t>& faces, PageBuilder& builder) {
+  Progress progress("setting paragraphs");
+  for (std::size_t i = 0; i < faces.size(); ++i) {
+    builder.add(request.paragraphs[i], faces[i]);
+    progress.show(i + 1, faces.size());
+  }
+}
+
+PdfDocument documentOf(const Request& request, const std::vector<Page>& pages,
+                       const std::vector<UsedGlyphs>& used, const FontSet& fonts) {
+  PdfDocument document;
+  document.width = request.page.width;
+  document.height = request.page.height;
+  document.producer = "qxfont " QXFONT_VERSION;
+  document.date = request.date;
+  for (const Page& page : pages) document.pages.push_back(pageContent(page, used));
+  for (const UsedGlyphs& one : used) {
+    document.fonts.push_back(embeddedFont(fonts.font(one.face), one));
+  }
+  return document;
+}
+
+Json fontJson(const fs::FS_FontInfo& font, const UsedGlyphs& used, const PdfFont& embedded) {
+  Json json;
+  json["family"] = utf8(font.getFamilyName(fs::QXLang::LANGID_DEFAULT));
+  json["postscript_name"] = utf8(font.getPostScriptName(fs::QXLang::LANGID_DEFAULT));
+  json["file"] = utf8(font.getFontFileName().getLocalPath(true));
+  json["form"] = "sfnt";
+  json["glyphs"] = used.texts.size();
+  json["bytes"] = embedded.fontFile.size();
+  return json;
+}
+
+Json summaryOf(const PdfDocument& document, const std::vector<UsedGlyphs>& used,
+               const FontSet& fonts, const std::set<int>& missing) {
+  Json json;
+  json["pages"] = document.pages.size();
+  json["fonts"] = Json::array();
+  for (std::size_t i = 0; i < used.size(); ++i) {
+    json["fonts"].push_back(fontJson(fonts.font(used[i].face), used[i], document.fonts[i]));
+  }
+  json["missing"] = Json::array();
+  for (const int codePoint : missing) json["missing"].push_back(codePointName(codePoint));
+  return json;
+}
+
+void printText(const std::string& out, const Json& summary) {
+  const auto pages = summary["pages"].get<int>();
+  fmt::print("{}: {} {}\n", shown(out), pages, pages == 1 ? "page" : "pages");
+  TextTable table({"font", "glyphs", "bytes", "file"});
+  for (const Json& font : summary["fonts"]) {
+    table.add({font["postscript_name"], font["glyphs"].dump(), font["bytes"].dump(), font["file"]});
+  }
+  table.print();
+}
+
+void tellMissing(const std::set<int>& missing) {
+  if (missing.empty()) return;
+  std::vector<std::string> names;
+  for (const int codePoint : missing) names.push_back(codePointName(codePoint));
+  fmt::print(stderr, "qxfont: no font has {}\n", fmt::join(names, ", "));
+  fmt::print(stderr, "hint: a further --font lends what the others lack\n");
+}
+
+void typeset(const TypesetOptions& options) {
+  const Request request = readRequest(options);
+  Service service(options.source);
+  FontSet fonts(service);
+  const std::vector<std::size_t> faces = facesOf(request, options.file, fonts);
+
+  const PlainShaper shaper(fonts);
+  PageBuilder builder(request.page, fonts, shaper);
+  setText(request, faces, builder);
+
+  const std::vector<UsedGlyphs> used = usedGlyphs(builder.pages());
+  for (const UsedGlyphs& one : used) {
+    if (!options.allowRestricted) requireRights(fonts.font(one.face), true);
+  }
+  const PdfDocument document = documentOf(request, builder.pages(), used, fonts);
+  const Json summary = summaryOf(document, used, fonts, builder.missing());
+  OutputFiles files;
+  files.add(options.out, pdfBytes(document));
+  tellMissing(builder.missing());
+  if (options.output.json) {
+    printJson(summary);
+  } else {
+    printText(options.out, summary);
+  }
+  flushOutput();
+  files.commit();
+}
+
+}  // namespace
+
+void addTypesetCommand(CLI::App& app, Chosen& chosen) {
+  auto options = std::make_shared<TypesetOptions>();
+  CLI::App* command = app.add_subcommand("typeset", "Sets a UTF-8 text as PDF");
+  command
+      ->add_option("FILE", options->file, "the text; a line \"#font STYLE [SIZE]\" changes fonts")
+      ->required();
+  command
+      ->add_option("--font", options->fonts,
+                   "FONT[:WEIGHT][:italic]; the first sets the text, the others what it lacks")
+      ->type_name("STYLE")
+      ->allow_extra_args(false)
+      ->required();
+  command->add_option("--size", options->size, "points (12)");
+  command->add_option("--page", options->page, "one of " + pageSizeNames());
+  command->add_option("-o,--output", options->out, "the PDF file to write")
+      ->type_name("FILE")
+      ->required();
+  command->add_flag("--allow-restricted", options->allowRestricted,
+                    "goes on where a font's licence says no");
+  addJsonOption(*command, options->output);
+  addSourceOptions(*command, options->source);
+  command->callback([options, &chosen] { chosen = [options] { typeset(*options); }; });
+}
+
+}  // namespace qxfont

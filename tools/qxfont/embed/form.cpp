@@ -1,0 +1,129 @@
+#include "qxfont/embed/form.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <memory>
+
+#include "qxcommon/mem_stream.h"
+#include "qxfontservice/tt_glyph_map.h"
+
+#include "qxfont/cli/status.h"
+
+namespace qxfont {
+namespace {
+
+using QXCommonNS::QXMemStream;
+using QXFontService_NS::FS_FontInfo;
+using QXFontService_NS::FS_TTGlyphMap;
+using Gids = std::vector<unsigned short>;
+
+constexpr std::size_t kBlock = 8192;
+
+std::string bytesOf(QXMemStream& stream) {
+  stream.clear();
+  stream.seekg(0);
+  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+/// Writes by one of the operations of a font that take glyphs and a stream.
+template <bool (FS_FontInfo::*Operation)(const Gids&, QXMemStream&) const>
+bool writeBy(const FS_FontInfo& font, const Gids& gids, FormResult& out) {
+  QXMemStream stream(nullptr, kBlock, false, true);
+  if (!(font.*Operation)(gids, stream)) return false;
+  out.bytes = bytesOf(stream);
+  return true;
+}
+
+bool writeStream(const FS_FontInfo& font, const Gids&, FormResult& out) {
+  QXMemStream stream(nullptr, kBlock, false, true);
+  if (!font.getEmbedFontStream(stream)) return false;
+  out.bytes = bytesOf(stream);
+  return true;
+}
+
+/// Keeps the outlines that the service hands over glyph by glyph.
+class GlyphStreams final : public FS_TTGlyphMap {
+ public:
+  QXMemStream* getGlyphStream(unsigned short gid) override {
+    auto& stream = streams_[gid];
+    if (!stream) stream = std::make_unique<QXMemStream>(nullptr, kBlock, false, true);
+    return stream.get();
+  }
+
+  std::map<unsigned short, std::string> bytes() {
+    std::map<unsigned short, std::string> all;
+    for (const auto& [gid, stream] : streams_) all[gid] = bytesOf(*stream);
+    return all;
+  }
+
+ private:
+  std::map<unsigned short, std::unique_ptr<QXMemStream>> streams_;
+};
+
+bool writePsGlyphs(const FS_FontInfo& font, const Gids& gids, FormResult& out) {
+  QXMemStream stream(nullptr, kBlock, false, true);
+  GlyphStreams glyphs;
+  if (!font.getPSEmbedFont(gids, stream, glyphs)) return false;
+  out.bytes = bytesOf(stream);
+  out.glyphFiles = glyphs.bytes();
+  return true;
+}
+
+/// Fonts whose outlines are in `glyf`.
+bool isTrueType(const FS_FontInfo& font) {
+  const int type = font.getFontFileType2();
+  return font.isTrueTypeFont() && type != QXFontService_NS::FS_FILETYPE_OPENTYPE &&
+         type != QXFontService_NS::FS_FILETYPE_OPENTYPE_CID;
+}
+
+bool isSfnt(const FS_FontInfo& font) {
+  return font.isTrueTypeFont();
+}
+
+std::string joined(const std::vector<std::string>& names) {
+  return fmt::format("{}", fmt::join(names, ", "));
+}
+
+}  // namespace
+
+const std::vector<Form>& forms() {
+  static const std::vector<Form> all = {
+      {"sfnt", "TrueType for PDF", isTrueType, writeBy<&FS_FontInfo::getEmbedFont>},
+      {"sfnt-cmap", "the same with its character map", isTrueType,
+       writeBy<&FS_FontInfo::getEmbedFontWithCmap>},
+      {"sfnt-all", "all tables", isTrueType, writeBy<&FS_FontInfo::makeSubsetFont>, false, false,
+       true},
+      {"svg2", "a font for SVG", isTrueType, writeBy<&FS_FontInfo::getSVG2EmbedFont>},
+      {"stream", "the whole font as it is", isSfnt, writeStream, true},
+      {"ps-glyphs", "a folder: the sfnt for PostScript and one file a glyph", isTrueType,
+       writePsGlyphs, false, true},
+  };
+  return all;
+}
+
+std::string formNames() {
+  std::vector<std::string> names;
+  for (const Form& form : forms()) names.emplace_back(form.name);
+  return joined(names);
+}
+
+std::string formNames(const FS_FontInfo& font) {
+  std::vector<std::string> names;
+  for (const Form& form : forms()) {
+    if (form.serves(font)) names.emplace_back(form.name);
+  }
+  return names.empty() ? "none" : joined(names);
+}
+
+const Form& formOf(const std::string& name) {
+  const auto& all = forms();
+  const auto found =
+      std::find_if(all.begin(), all.end(), [&](const Form& form) { return name == form.name; });
+  if (found != all.end()) return *found;
+  throw ToolError(Status::wrongCall, "there is no form '" + name + "'", "forms: " + formNames());
+}
+
+}  // namespace qxfont

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "qxfontservice/font_info.h"
+
+namespace qxfont {
+
+/// What writing a form gave.
+struct FormResult {
+  std::string bytes;
+  std::map<unsigned short, std::string> glyphFiles;  ///< outlines by glyph, for `ps-glyphs`
+};
+
+/// One way to embed a font: a row of the table of forms.
+struct Form {
+  const char* name;
+  const char* what;  ///< for the help
+  /// Whether this kind of font has the form.
+  bool (*serves)(const QXFontService_NS::FS_FontInfo& font);
+  /// Writes it; false when the font cannot.
+  bool (*write)(const QXFontService_NS::FS_FontInfo& font, const std::vector<unsigned short>& gids,
+                FormResult& out);
+  bool whole = false;            ///< The whole font, whatever glyphs are asked for.
+  bool folder = false;           ///< A folder of files.
+  bool asSpecifiedOnly = false;  ///< Written with `--as-specified` only.
+};
+
+/// All forms, in the order of the help.
+const std::vector<Form>& forms();
+
+/// The names of all forms, or of those that a font has, with commas.
+std::string formNames();
+std::string formNames(const QXFontService_NS::FS_FontInfo& font);
+
+/// The form of a name.
+/// @throws ToolError `wrongCall` for an unknown one.
+const Form& formOf(const std::string& name);
+
+}  // namespace qxfont

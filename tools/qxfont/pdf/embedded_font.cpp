@@ -1,0 +1,112 @@
+#include "qxfont/pdf/embedded_font.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+#include "qxfont/cli/font_facts.h"
+#include "qxfont/cli/status.h"
+#include "qxfont/cli/text.h"
+#include "qxfont/embed/form.h"
+#include "qxfont/pdf/subset_tag.h"
+#include "qxfont/pdf/to_unicode.h"
+
+namespace qxfont {
+namespace {
+
+namespace fs = QXFontService_NS;
+
+// Bits of the flags of a font descriptor (ISO 32000-1, table 123).
+constexpr int kFixedPitch = 1 << 0;
+constexpr int kSerif = 1 << 1;
+constexpr int kSymbolic = 1 << 2;
+constexpr int kScript = 1 << 3;
+constexpr int kNonsymbolic = 1 << 5;
+constexpr int kItalic = 1 << 6;
+
+struct Style {
+  int weight = 0;
+  bool italic = false;
+};
+
+Style styleOf(const fs::FS_FontInfo& font) {
+  Style style;
+  font.getFontStyle(&style.weight, &style.italic, nullptr);
+  return style;
+}
+
+int flagsOf(const fs::FS_FontInfo& font, const Style& style) {
+  int flags = font.isSymbolicFont() ? kSymbolic : kNonsymbolic;
+  if (font.isFixedWidthFont()) flags |= kFixedPitch;
+  if (font.isSerifLikeFont()) flags |= kSerif;
+  if (font.isScriptLikeFont()) flags |= kScript;
+  if (style.italic) flags |= kItalic;
+  return flags;
+}
+
+/// Fonts do not state the thickness of their stems; this follows from the weight well enough for
+/// the substitute that a reader would take, and none is taken for an embedded font.
+double stemOf(int weight) {
+  return std::round(50 + std::pow(weight / 65.0, 2));
+}
+
+void takeMetrics(const fs::FS_FontInfo& font, double scale, PdfFont& out) {
+  const fs::FS_NewTextMetricEx metrics = metricsInUnits(font);
+  const auto scaled = [&](float units) { return std::round(static_cast<double>(units) * scale); };
+  out.bounds = {scaled(metrics.getBBoxLeft()), scaled(metrics.getBBoxBottom()),
+                scaled(metrics.getBBoxRight()), scaled(metrics.getBBoxTop())};
+  out.italicAngle = italicAngle(metrics);
+  out.ascent = scaled(metrics.getAscent());
+  out.descent = -std::fabs(scaled(metrics.getDescent()));
+  out.capHeight = scaled(metrics.getCapHeight());
+}
+
+std::string subsetOf(const fs::FS_FontInfo& font, const std::vector<unsigned short>& gids) {
+  FormResult result;
+  if (formOf("sfnt").write(font, gids, result) && !result.bytes.empty()) return result.bytes;
+  throw ToolError(Status::badFont, fmt::format("{} does not give its glyphs",
+                                               utf8(font.getFontFileName().getLocalPath(true))));
+}
+
+std::string nameOf(const fs::FS_FontInfo& font) {
+  for (const auto& name : {font.getPostScriptName(fs::QXLang::LANGID_DEFAULT),
+                           font.getFamilyName(fs::QXLang::LANGID_DEFAULT)}) {
+    const std::string usable = pdfName(utf8(name));
+    if (!usable.empty()) return usable;
+  }
+  return "Font";
+}
+
+}  // namespace
+
+std::string pdfName(const std::string& name) {
+  constexpr std::string_view kDelimiters = "()<>[]{}/%#";
+  std::string usable;
+  std::copy_if(name.begin(), name.end(), std::back_inserter(usable), [&](char c) {
+    return c > ' ' && c < 0x7F && kDelimiters.find(c) == std::string_view::npos;
+  });
+  return usable;
+}
+
+PdfFont embeddedFont(const fs::FS_FontInfo& font, const UsedGlyphs& used) {
+  const std::vector<unsigned short> gids = used.gids();
+  const double scale = 1000.0 / std::max(font.getUnitsPerEm(), 1);
+  const Style style = styleOf(font);
+  const std::string name = nameOf(font);
+  PdfFont out;
+  out.baseFont = subsetTag(name, gids) + "+" + name;
+  out.fontFile = subsetOf(font, gids);
+  out.flags = flagsOf(font, style);
+  out.stemV = stemOf(style.weight);
+  takeMetrics(font, scale, out);
+  for (const unsigned short gid : gids) {
+    const double width = static_cast<double>(font.getGlyphWidth(gid, 0, false));
+    out.widths.emplace_back(gid, width * scale);
+  }
+  out.toUnicode = toUnicodeMap(used.texts);
+  return out;
+}
+
+}  // namespace qxfont

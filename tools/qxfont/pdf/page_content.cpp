@@ -1,0 +1,87 @@
+#include "qxfont/pdf/page_content.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+#include <cstddef>
+
+#include "qxfont/pdf/pdf_number.h"
+#include "qxfont/pdf/to_unicode.h"
+
+namespace qxfont {
+namespace {
+
+std::size_t indexOf(const std::vector<UsedGlyphs>& fonts, std::size_t face) {
+  std::size_t index = 0;
+  while (index < fonts.size() && fonts[index].face != face) ++index;
+  return index;
+}
+
+/// Writes one line glyph by glyph.
+class LineWriter {
+ public:
+  LineWriter(const PlacedLine& line, const std::vector<UsedGlyphs>& fonts)
+      : line_(line), fonts_(fonts) {}
+
+  std::string write() {
+    out_ = fmt::format("BT\n1 0 0 1 {} {} Tm\n", pdfNumber(line_.x), pdfNumber(line_.baseline));
+    for (const Glyph& glyph : line_.glyphs) add(glyph);
+    showGlyphs();
+    return out_ + "ET\n";
+  }
+
+ private:
+  void add(const Glyph& glyph) {
+    const std::size_t font = indexOf(fonts_, glyph.face);
+    if (font != font_) changeFont(font);
+    const bool told = fonts_[font].texts.at(glyph.gid) == glyph.text;
+    if (!told) {
+      showGlyphs();
+      out_ += fmt::format("/Span <</ActualText <FEFF{}>>> BDC\n", utf16Hex(glyph.text));
+    }
+    take(glyph);
+    if (!told) {
+      showGlyphs();
+      out_ += "EMC\n";
+    }
+  }
+
+  void changeFont(std::size_t font) {
+    showGlyphs();
+    font_ = font;
+    out_ += fmt::format("/F{} {} Tf\n", font, pdfNumber(line_.size));
+  }
+
+  void take(const Glyph& glyph) {
+    hex_ += fmt::format("{:04X}", glyph.gid);
+    // What the reader moves on by the width that the document states, less what is wanted.
+    const double back = (glyph.width - glyph.advance) * 1000;
+    if (std::fabs(back) < 0.001) return;
+    shown_ += "<" + hex_ + ">" + pdfNumber(back);
+    hex_.clear();
+  }
+
+  void showGlyphs() {
+    if (!hex_.empty()) shown_ += "<" + hex_ + ">";
+    if (!shown_.empty()) out_ += "[" + shown_ + "] TJ\n";
+    hex_.clear();
+    shown_.clear();
+  }
+
+  const PlacedLine& line_;
+  const std::vector<UsedGlyphs>& fonts_;
+  std::size_t font_ = static_cast<std::size_t>(-1);
+  std::string out_;
+  std::string shown_;  // of the TJ array that is being written
+  std::string hex_;    // of its last string
+};
+
+}  // namespace
+
+std::string pageContent(const Page& page, const std::vector<UsedGlyphs>& fonts) {
+  std::string content;
+  for (const PlacedLine& line : page.lines) content += LineWriter(line, fonts).write();
+  return content;
+}
+
+}  // namespace qxfont

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace qxfont {
+
+/// A font as it goes into a PDF document: a CIDFontType2 whose CIDs are the glyph ids of an
+/// embedded TrueType subset (ISO 32000-1, 9.7 and 9.8). Lengths are thousandths of an em.
+struct PdfFont {
+  std::string baseFont;  ///< with the tag of the subset: "ABCDEF+Name"
+  std::string fontFile;  ///< the sfnt
+  int flags = 0;
+  std::array<double, 4> bounds{};
+  double italicAngle = 0;
+  double ascent = 0;
+  double descent = 0;
+  double capHeight = 0;
+  double stemV = 0;
+  std::vector<std::pair<unsigned short, double>> widths;  ///< by rising glyph id
+  std::string toUnicode;                                  ///< a CMap
+};
+
+/// A document, ready to be written.
+struct PdfDocument {
+  double width = 0;  ///< of the pages, in points
+  double height = 0;
+  std::vector<std::string> pages;  ///< content streams; font i is /Fi in them
+  std::vector<PdfFont> fonts;
+  std::string producer;
+  std::string date;  ///< as PDF writes it; empty: none
+};
+
+/// The bytes of a document; the same document gives the same bytes.
+/// @throws std::runtime_error when it cannot be put together.
+std::string pdfBytes(const PdfDocument& document);
+
+}  // namespace qxfont

@@ -1,0 +1,162 @@
+#include <memory>
+#include <qpdf/Buffer.hh>
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFObjectHandle.hh>
+#include <qpdf/QPDFPageDocumentHelper.hh>
+#include <qpdf/QPDFPageObjectHelper.hh>
+#include <qpdf/QPDFWriter.hh>
+
+#include "qxfont/pdf/pdf_document.h"
+
+// Compiled as C++17: see CMakeLists.txt.
+
+namespace qxfont {
+namespace {
+
+using Object = QPDFObjectHandle;
+
+constexpr int kDecimals = 3;
+
+Object number(double value) {
+  return Object::newReal(value, kDecimals, true);
+}
+Object name(const std::string& text) {
+  return Object::newName("/" + text);
+}
+
+Object rectangle(const std::array<double, 4>& box) {
+  Object array = Object::newArray();
+  for (const double value : box) array.appendItem(number(value));
+  return array;
+}
+
+/// The embedded font program; its length before compression is asked for by name.
+Object fontFileOf(QPDF& pdf, const PdfFont& font) {
+  Object stream = Object::newStream(&pdf, font.fontFile);
+  stream.getDict().replaceKey("/Length1",
+                              Object::newInteger(static_cast<long long>(font.fontFile.size())));
+  return stream;
+}
+
+Object descriptorOf(QPDF& pdf, const PdfFont& font) {
+  Object dictionary = Object::newDictionary();
+  dictionary.replaceKey("/Type", name("FontDescriptor"));
+  dictionary.replaceKey("/FontName", name(font.baseFont));
+  dictionary.replaceKey("/Flags", Object::newInteger(font.flags));
+  dictionary.replaceKey("/FontBBox", rectangle(font.bounds));
+  dictionary.replaceKey("/ItalicAngle", number(font.italicAngle));
+  dictionary.replaceKey("/Ascent", number(font.ascent));
+  dictionary.replaceKey("/Descent", number(font.descent));
+  dictionary.replaceKey("/CapHeight", number(font.capHeight));
+  dictionary.replaceKey("/StemV", number(font.stemV));
+  dictionary.replaceKey("/FontFile2", fontFileOf(pdf, font));
+  return pdf.makeIndirectObject(dictionary);
+}
+
+/// The array W: the first id of each row of neighbours, then their widths.
+Object widthsOf(const PdfFont& font) {
+  Object array = Object::newArray();
+  Object row;
+  int next = -1;
+  for (const auto& [gid, width] : font.widths) {
+    if (gid != next) {
+      if (next >= 0) array.appendItem(row);
+      array.appendItem(Object::newInteger(gid));
+      row = Object::newArray();
+    }
+    row.appendItem(number(width));
+    next = gid + 1;
+  }
+  if (next >= 0) array.appendItem(row);
+  return array;
+}
+
+Object identityCollection() {
+  Object dictionary = Object::newDictionary();
+  dictionary.replaceKey("/Registry", Object::newString("Adobe"));
+  dictionary.replaceKey("/Ordering", Object::newString("Identity"));
+  dictionary.replaceKey("/Supplement", Object::newInteger(0));
+  return dictionary;
+}
+
+Object descendantOf(QPDF& pdf, const PdfFont& font) {
+  Object dictionary = Object::newDictionary();
+  dictionary.replaceKey("/Type", name("Font"));
+  dictionary.replaceKey("/Subtype", name("CIDFontType2"));
+  dictionary.replaceKey("/BaseFont", name(font.baseFont));
+  dictionary.replaceKey("/CIDSystemInfo", identityCollection());
+  dictionary.replaceKey("/CIDToGIDMap", name("Identity"));
+  dictionary.replaceKey("/W", widthsOf(font));
+  dictionary.replaceKey("/FontDescriptor", descriptorOf(pdf, font));
+  return pdf.makeIndirectObject(dictionary);
+}
+
+Object fontOf(QPDF& pdf, const PdfFont& font) {
+  Object descendants = Object::newArray();
+  descendants.appendItem(descendantOf(pdf, font));
+  Object dictionary = Object::newDictionary();
+  dictionary.replaceKey("/Type", name("Font"));
+  dictionary.replaceKey("/Subtype", name("Type0"));
+  dictionary.replaceKey("/BaseFont", name(font.baseFont));
+  dictionary.replaceKey("/Encoding", name("Identity-H"));
+  dictionary.replaceKey("/DescendantFonts", descendants);
+  dictionary.replaceKey("/ToUnicode", Object::newStream(&pdf, font.toUnicode));
+  return pdf.makeIndirectObject(dictionary);
+}
+
+Object resourcesOf(QPDF& pdf, const std::vector<PdfFont>& fonts) {
+  Object named = Object::newDictionary();
+  for (std::size_t i = 0; i < fonts.size(); ++i) {
+    named.replaceKey("/F" + std::to_string(i), fontOf(pdf, fonts[i]));
+  }
+  Object dictionary = Object::newDictionary();
+  dictionary.replaceKey("/Font", named);
+  return pdf.makeIndirectObject(dictionary);
+}
+
+Object pageOf(QPDF& pdf, const PdfDocument& document, const std::string& content,
+              const Object& resources) {
+  Object dictionary = Object::newDictionary();
+  dictionary.replaceKey("/Type", name("Page"));
+  dictionary.replaceKey("/MediaBox", rectangle({0, 0, document.width, document.height}));
+  dictionary.replaceKey("/Resources", resources);
+  dictionary.replaceKey("/Contents", Object::newStream(&pdf, content));
+  return pdf.makeIndirectObject(dictionary);
+}
+
+void tellOrigin(QPDF& pdf, const PdfDocument& document) {
+  Object dictionary = Object::newDictionary();
+  dictionary.replaceKey("/Producer", Object::newUnicodeString(document.producer));
+  if (!document.date.empty()) {
+    dictionary.replaceKey("/CreationDate", Object::newString(document.date));
+    dictionary.replaceKey("/ModDate", Object::newString(document.date));
+  }
+  pdf.getTrailer().replaceKey("/Info", pdf.makeIndirectObject(dictionary));
+}
+
+std::string written(QPDF& pdf) {
+  QPDFWriter writer(pdf);
+  writer.setOutputMemory();
+  writer.setMinimumPDFVersion("1.5");
+  writer.setObjectStreamMode(qpdf_o_generate);
+  writer.setDeterministicID(true);
+  writer.write();
+  const std::shared_ptr<Buffer> bytes(writer.getBuffer());
+  return {bytes->getBuffer(), bytes->getBuffer() + bytes->getSize()};
+}
+
+}  // namespace
+
+std::string pdfBytes(const PdfDocument& document) {
+  QPDF pdf;
+  pdf.emptyPDF();
+  const Object resources = resourcesOf(pdf, document.fonts);
+  QPDFPageDocumentHelper pages(pdf);
+  for (const std::string& content : document.pages) {
+    pages.addPage(QPDFPageObjectHelper(pageOf(pdf, document, content, resources)), false);
+  }
+  tellOrigin(pdf, document);
+  return written(pdf);
+}
+
+}  // namespace qxfont

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <set>
+#include <vector>
+
+#include "qxfont/typeset/font_set.h"
+#include "qxfont/typeset/page_size.h"
+#include "qxfont/typeset/shaper.h"
+#include "qxfont/typeset/source_text.h"
+
+namespace qxfont {
+
+/// A line at its place: points from the lower left corner of the sheet.
+struct PlacedLine {
+  double x = 0;
+  double baseline = 0;
+  double size = 0;
+  std::vector<Glyph> glyphs;
+};
+
+struct Page {
+  std::vector<PlacedLine> lines;
+};
+
+/// Sets paragraphs one below the other on as many pages as they need, at least one.
+class PageBuilder {
+ public:
+  PageBuilder(PageSize size, const FontSet& fonts, const Shaper& shaper);
+
+  /// @param style the face of the paragraph.
+  void add(const Paragraph& paragraph, std::size_t style);
+
+  [[nodiscard]] const std::vector<Page>& pages() const { return pages_; }
+  /// The characters that no face had; a `.notdef` stands in their place.
+  [[nodiscard]] const std::set<int>& missing() const { return missing_; }
+
+ private:
+  void place(std::vector<Glyph> glyphs, double size);
+
+  PageSize size_;
+  const FontSet& fonts_;
+  const Shaper& shaper_;
+  double y_;        // what is used of the page ends here
+  double gap_ = 0;  // wanted above the next line
+  std::vector<Page> pages_;
+  std::set<int> missing_;
+};
+
+}  // namespace qxfont
