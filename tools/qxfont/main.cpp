@@ -1,4 +1,4 @@
-#include "qxfont/cli/app.h"
+#include "qxfont/app.h"
 
 int main(int argc, char** argv) {
   return qxfont::run(argc, argv);

@@ -1,4 +1,4 @@
-#include "qxfont/cli/app.h"
+#include "qxfont/app.h"
 
 #include <fmt/format.h>
 
