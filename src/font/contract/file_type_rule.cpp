@@ -25,8 +25,8 @@ bool startsWithOtto(std::istream& stream) {
   stream.clear();
   const std::istream::pos_type position = stream.tellg();
   std::array<std::byte, 4> head{};
-  const bool whole =
-      QXCommonNS::bytes::readExact(stream, static_cast<std::int64_t>(std::streamoff(position)), head);
+  const bool whole = QXCommonNS::bytes::readExact(
+      stream, static_cast<std::int64_t>(std::streamoff(position)), head);
   stream.clear();
   stream.seekg(position);
   return whole && QXCommonNS::bytes::ByteView(head).u32(0) == kOpenTypeTag;

@@ -59,8 +59,10 @@ std::string fontconfigVersion() {
 
 std::vector<LibraryVersion> libraryVersions() {
   return {
-      {"ICU", icuVersion()},   {"FreeType", freeTypeVersion()},
-      {"zlib", zlibVersion()}, {"expat", expatVersion()},
+      {"ICU", icuVersion()},
+      {"FreeType", freeTypeVersion()},
+      {"zlib", zlibVersion()},
+      {"expat", expatVersion()},
 #ifdef QX_WITH_FONTCONFIG
       {"fontconfig", fontconfigVersion()},
 #endif
