@@ -86,13 +86,16 @@ int tellParseResult(const CLI::App& app, const CLI::ParseError& result) {
   });
 }
 
-/// The parser would only say that a command is missing.
+/// A word in the place of the command that is none, of which the parser would not speak.
 void requireCommand(const CLI::App& app, const std::vector<std::string>& arguments) {
   if (arguments.empty() || arguments.front().rfind('-', 0) == 0) return;
-  const std::string& name = arguments.front();
-  const auto isNamed = [&](const CLI::App* command) { return command->check_name(name); };
-  if (!app.get_subcommands(isNamed).empty()) return;
-  throw CLI::ExtrasError("qxfont", {name});
+  std::vector<std::string> names;
+  for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
+    names.push_back(command->get_name());
+  }
+  if (std::find(names.begin(), names.end(), arguments.front()) != names.end()) return;
+  throw ToolError(Status::wrongCall, "there is no command '" + arguments.front() + "'",
+                  fmt::format("commands: {}", fmt::join(names, ", ")));
 }
 
 std::vector<std::string> reversed(std::vector<std::string> arguments) {
@@ -118,6 +121,8 @@ int run(int argc, char** argv) {
     app.parse(reversed(arguments));
   } catch (const CLI::ParseError& result) {
     return tellParseResult(app, result);
+  } catch (const ToolError& error) {
+    return tell(error.status(), error.what(), error.hint());
   }
   return runCommand(chosen);
 }
