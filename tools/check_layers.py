@@ -51,8 +51,9 @@ INSIDERS = ("tests", "fuzz", "bench")
 SUPPORT = "tests/support"
 SUPPORT_SEES = ("include", "src/common", SUPPORT)
 
-# Folders that quoted includes are written from.
+# Folders that quoted includes are written from; the tests of the tools see those too.
 INCLUDE_ROOTS = ("include", "src", "tests")
+TOOL_TESTS = "tests/tools"
 
 CPP_FILES = (".h", ".hpp", ".inc", ".cpp", ".cc", ".c")
 NOT_OURS = ("build", ".git", ".cache", "__pycache__")
@@ -154,7 +155,7 @@ class Checker:
             self.errors.append(f"{path}: no row of the layer table holds its folder")
 
     def _check_include(self, include):
-        target = in_include_roots(self.files, include.name)
+        target = in_include_roots(self.files, include.name) or self._of_tools(include)
         if include.bracket == "<":
             if target:
                 self.errors.append(f"{include.place()}: project header in angle brackets: "
@@ -170,6 +171,11 @@ class Checker:
         why = forbidden(include.file, target)
         if why:
             self.errors.append(f"{include.place()}: \"{include.name}\": {why}")
+
+    def _of_tools(self, include):
+        """The file of a tool that one of its tests names."""
+        path = f"tools/{include.name}"
+        return path if is_below(include.file, TOOL_TESTS) and path in self.files else None
 
     @staticmethod
     def _why_unknown(include, near):

@@ -134,6 +134,20 @@ class OutsideTest(LayersTest):
         self.assertEqual(self.errors(), [])
 
 
+class ToolTestsTest(LayersTest):
+    """The tests of a tool look inside it, and no other test does."""
+
+    def test_tests_of_tools_name_the_files_of_tools(self):
+        self.add("tools/qxfont/cli/a.h")
+        self.add("tests/tools/qxfont/a_test.cpp", '"qxfont/cli/a.h"')
+        self.assertEqual(self.errors(), [])
+
+    def test_other_tests_do_not(self):
+        self.add("tools/qxfont/cli/a.h")
+        self.add("tests/common/a_test.cpp", '"qxfont/cli/a.h"')
+        self.assertEqual(len(self.errors()), 1)
+
+
 class SpellingTest(LayersTest):
     def test_project_header_in_angle_brackets(self):
         self.add("include/qxcommon/uri.h")

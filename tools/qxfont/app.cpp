@@ -17,11 +17,11 @@
 
 #include "qxfontservice/ext/versions.h"
 
-#include "qxfont/cli/command_first.h"
 #include "qxfont/cli/output.h"
 #include "qxfont/cli/removal.h"
 #include "qxfont/cli/status.h"
 #include "qxfont/cli/text.h"
+#include "qxfont/command_first.h"
 #include "qxfont/commands/commands.h"
 
 namespace qxfont {
@@ -66,7 +66,7 @@ int runCommand(const std::function<void()>& command) {
     return tell(error.status(), error.what(), error.hint());
   } catch (const std::system_error& error) {
     if (error.code().value() == EPIPE) return endBrokenPipe();
-    return tell(Status::notWritten, error.what());
+    return tell(Status::notWritten, "cannot write standard output: " + error.code().message());
   } catch (const std::bad_alloc&) {
     return tell(Status::badFont, "not enough memory");
   } catch (const std::exception& error) {
@@ -86,6 +86,18 @@ int tellParseResult(const CLI::App& app, const CLI::ParseError& result) {
   });
 }
 
+/// A word in the place of the command that is none, of which the parser would not speak.
+void requireCommand(const CLI::App& app, const std::vector<std::string>& arguments) {
+  if (arguments.empty() || arguments.front().rfind('-', 0) == 0) return;
+  std::vector<std::string> names;
+  for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
+    names.push_back(command->get_name());
+  }
+  if (std::find(names.begin(), names.end(), arguments.front()) != names.end()) return;
+  throw ToolError(Status::wrongCall, "there is no command '" + arguments.front() + "'",
+                  fmt::format("commands: {}", fmt::join(names, ", ")));
+}
+
 std::vector<std::string> reversed(std::vector<std::string> arguments) {
   std::reverse(arguments.begin(), arguments.end());  // the parser takes them from the back
   return arguments;
@@ -103,9 +115,14 @@ int run(int argc, char** argv) {
   std::function<void()> chosen;
   addCommands(app, chosen);
   try {
-    app.parse(reversed(withCommandFirst(app, std::vector<std::string>(argv + 1, argv + argc))));
+    const std::vector<std::string> given(argv + 1, argv + argc);
+    const std::vector<std::string> arguments = withCommandFirst(app, given);
+    requireCommand(app, arguments);
+    app.parse(reversed(arguments));
   } catch (const CLI::ParseError& result) {
     return tellParseResult(app, result);
+  } catch (const ToolError& error) {
+    return tell(error.status(), error.what(), error.hint());
   }
   return runCommand(chosen);
 }

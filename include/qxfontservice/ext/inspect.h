@@ -9,8 +9,8 @@ namespace QXFontService_NS::ext {
 
 /// The languages in which a face has names, for the name queries of `FS_FontInfo`.
 ///
-/// @return the numbers of the `name` table, rising: Windows language ids, or, where the font has
-///   Macintosh names only, Macintosh language codes, of which English is 0. Empty for an empty
+/// @return the numbers of the `name` table, rising: Windows language ids, and for names that only
+///   a Macintosh record gives Macintosh language codes, of which English is 0. Empty for an empty
 ///   handle and for fonts that have no `name` table.
 /// Any thread; it asks the names that were read when the font was found.
 QX_EXPORT std::vector<int> nameLanguages(const FS_FontInfo& font);

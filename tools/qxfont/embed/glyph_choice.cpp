@@ -45,23 +45,29 @@ std::optional<int> numberOf(std::string_view text, int base, int highest) {
   return value;
 }
 
-std::string_view withoutPrefix(std::string_view text) {
-  const bool has = text.size() > 2 && (text[0] == 'U' || text[0] == 'u') && text[1] == '+';
-  return has ? text.substr(2) : text;
+bool hasPrefix(std::string_view text) {
+  return text.size() > 2 && (text[0] == 'U' || text[0] == 'u') && text[1] == '+';
 }
 
 /// One item of a list: first and last number, the same for a single one.
 std::optional<std::pair<int, int>> rangeOf(std::string_view item, int base, int highest) {
   const auto ends = split(item, '-');
   if (ends.size() > 2) return std::nullopt;
-  const auto first = numberOf(withoutPrefix(ends.front()), base, highest);
-  const auto last = numberOf(withoutPrefix(ends.back()), base, highest);
+  const auto first = numberOf(ends.front(), base, highest);
+  const auto last = numberOf(ends.back(), base, highest);
   if (!first || !last || *first > *last) return std::nullopt;
   return std::pair(*first, *last);
 }
 
-bool isCodePointItem(std::string_view item) {
-  return item.size() > 2 && (item[0] == 'U' || item[0] == 'u') && item[1] == '+';
+/// The same for code points; the last one of a range may do without "U+".
+std::optional<std::pair<int, int>> codePointRange(std::string_view item) {
+  if (!hasPrefix(item)) return std::nullopt;
+  std::string digits(item.substr(2));
+  const std::size_t second = digits.find('-');
+  if (second != std::string::npos && hasPrefix(std::string_view(digits).substr(second + 1))) {
+    digits.erase(second + 1, 2);
+  }
+  return rangeOf(digits, 16, kLastCodePoint);
 }
 
 void lookUp(const fs::FS_FontInfo& font, int codePoint, GlyphChoice& choice) {
@@ -97,7 +103,7 @@ std::vector<int> parseUnicodes(const std::string& text) {
   std::vector<int> codePoints;
   for (const std::string_view part : split(text, ',')) {
     const std::string_view item = trimmed(part);
-    const auto range = isCodePointItem(item) ? rangeOf(item, 16, kLastCodePoint) : std::nullopt;
+    const auto range = codePointRange(item);
     if (!range) {
       throw ToolError(Status::wrongCall, fmt::format("'{}' is no code point", item),
                       "code points are written U+0041,U+4E00-4E0F");

@@ -5,9 +5,8 @@
 namespace qxfont {
 namespace {
 
-bool staysBehind(int codePoint) {
-  constexpr unsigned kKept = U_GC_M_MASK | U_GC_ZS_MASK;
-  return (U_MASK(u_charType(codePoint)) & kKept) != 0;
+bool isMark(int codePoint) {
+  return (U_MASK(u_charType(codePoint)) & U_GC_M_MASK) != 0;
 }
 
 /// Chooses the face of one character after another.
@@ -18,7 +17,7 @@ class FaceChooser {
 
   Run choose(int codePoint) {
     if (isInvisible(codePoint)) return last_;
-    if (staysBehind(codePoint) && fonts_.glyphOf(last_.face, codePoint, 0) != 0) {
+    if (isMark(codePoint) && fonts_.glyphOf(last_.face, codePoint, 0) != 0) {
       return last_ = {0, 0, last_.face, false};
     }
     const std::size_t face = fonts_.faceFor(codePoint, style_);

@@ -11,7 +11,7 @@
 namespace qxfont {
 
 /// Cuts a text into runs of one face: that of its style, or the first lender that has a character.
-/// Marks, joiners and spaces stay with what stands before them where its face can set them.
+/// Marks and joiners stay with what stands before them where its face can set them.
 /// @param missing receives the characters that no face has; their runs are in the style's face.
 std::vector<Run> itemize(const icu::UnicodeString& text, std::size_t style, const FontSet& fonts,
                          std::set<int>& missing);

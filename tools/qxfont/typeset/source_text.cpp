@@ -93,7 +93,11 @@ class Reader {
       }
     }
     if (style.empty()) fail("#font needs a style", "a line is #font FONT[:WEIGHT][:italic] [SIZE]");
-    current_.style = parseFontStyle(std::string(style));
+    try {
+      current_.style = parseFontStyle(std::string(style));
+    } catch (const ToolError& error) {
+      fail(error.what(), error.hint());
+    }
   }
 
   double checked(double size) const {

@@ -1,4 +1,4 @@
-#include "qxfont/cli/command_first.h"
+#include "qxfont/command_first.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
