@@ -16,8 +16,9 @@ import subprocess
 import sys
 import time
 
-# How far back to look where no branch point is known, as on the main branch itself.
-FALLBACK_COMMITS = 20
+# How far back to look where no branch point is known, as on the main branch itself: what came
+# before was looked at when it came.
+FALLBACK_COMMITS = 1
 # One file never takes this long unless the tool hangs.
 SECONDS_A_FILE = 300
 
@@ -36,7 +37,7 @@ def git(root, *arguments):
 def branch_point(root):
     """The commit to compare with, or None where this checkout does not tell.
 
-    The merge base with the main line; on the main line itself, some commits back.
+    The merge base with the main line; on the main line itself, its last commit.
     """
     head = git(root, "rev-parse", "HEAD")
     for reference in ("origin/main", "main", "@{upstream}"):

@@ -8,7 +8,6 @@
 namespace QXFontService_NS::charstring {
 
 using embed::Keyword;
-using QXCommonNS::QXValue;
 
 namespace {
 

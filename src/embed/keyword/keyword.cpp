@@ -8,7 +8,6 @@ namespace QXFontService_NS::embed {
 namespace {
 
 using QXCommonNS::QXName;
-using QXCommonNS::QXNameEnum;
 using QXCommonNS::QXValue;
 
 // Names of the keyword table have no order of their own, so the way back needs a map.

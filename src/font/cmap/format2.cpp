@@ -24,7 +24,9 @@ class Keys {
  public:
   explicit Keys(const Fixed& fixed) : view_(ByteView(fixed).from(kHeaderSize)) {}
 
-  [[nodiscard]] std::uint16_t operator[](unsigned high) const { return view_.u16(2 * high); }
+  [[nodiscard]] std::uint16_t operator[](unsigned high) const {
+    return view_.u16(std::uint64_t{2} * high);
+  }
   [[nodiscard]] std::uint32_t subHeaderCount() const {
     unsigned largest = 0;
     for (unsigned high = 0; high < kKeys; ++high) {
