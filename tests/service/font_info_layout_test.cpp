@@ -2,6 +2,7 @@
 
 #include "qxfontservice/font_service.h"
 
+#include "layout/gpos/position_runs.h"
 #include "layout/table/gsub_gpos_info.h"
 #include "layout/table/script_list.h"
 
@@ -64,6 +65,18 @@ TEST(FontInfoLayout, TellsTheFlagsOfDefaultLanguageSystems) {
   EXPECT_TRUE(FS_FontInfo::isGPOSDefaultLangSys(&info));
   EXPECT_FALSE(FS_FontInfo::hasGSUBInfo(&info));
   EXPECT_FALSE(FS_FontInfo::hasGPOSInfo(&info));
+}
+
+TEST(FontInfoLayout, PositioningIsThatOfTheDrivers) {
+  namespace gpos = qxtest::gpos;
+  const gpos::GposFont font(1, 0, {gpos::shift({1}, 10)});
+  const auto info = layout::makeGSUBGPOSInfo(font, gpos::kTestTag, 0);
+  std::vector<GlyphIDPosition> glyphs{gpos::placed(2), gpos::placed(1)};
+  EXPECT_TRUE(FS_FontInfo::processGPOS(info.get(), gpos::kTestTag, glyphs, 1, false));
+  EXPECT_EQ(FS_FontInfo::processGPOS3(info.get(), 0, glyphs, false), 1);
+  EXPECT_EQ(glyphs[1].getMoveX1(), 20);
+  EXPECT_FALSE(FS_FontInfo::processGPOS(info.get(), kKern, glyphs, 1, false));
+  EXPECT_EQ(FS_FontInfo::processGPOS3(info.get(), 1, glyphs, false), -1);
 }
 
 TEST(FontInfoLayout, MetamorphosisIsNeverApplied) {
