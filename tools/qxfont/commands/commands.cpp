@@ -7,6 +7,8 @@ void addCommands(CLI::App& app, Chosen& chosen) {
   addMatchCommand(app, chosen);
   addInfoCommand(app, chosen);
   addGlyphsCommand(app, chosen);
+  addFeaturesCommand(app, chosen);
+  addShapeCommand(app, chosen);
   addEmbedCommand(app, chosen);
   addTypesetCommand(app, chosen);
 }

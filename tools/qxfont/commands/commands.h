@@ -15,6 +15,8 @@ void addListCommand(CLI::App& app, Chosen& chosen);
 void addMatchCommand(CLI::App& app, Chosen& chosen);
 void addInfoCommand(CLI::App& app, Chosen& chosen);
 void addGlyphsCommand(CLI::App& app, Chosen& chosen);
+void addFeaturesCommand(CLI::App& app, Chosen& chosen);
+void addShapeCommand(CLI::App& app, Chosen& chosen);
 void addEmbedCommand(CLI::App& app, Chosen& chosen);
 void addTypesetCommand(CLI::App& app, Chosen& chosen);
 

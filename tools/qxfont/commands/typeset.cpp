@@ -151,7 +151,7 @@ void typeset(const TypesetOptions& options) {
   FontSet fonts(service);
   const std::vector<std::size_t> faces = facesOf(request, options.file, fonts);
 
-  const PlainShaper shaper(fonts);
+  const Shaper shaper(fonts);
   PageBuilder builder(request.page, fonts, shaper);
   setText(request, faces, builder);
 

@@ -27,6 +27,7 @@ class LineWriter {
     out_ = fmt::format("BT\n1 0 0 1 {} {} Tm\n", pdfNumber(line_.x), pdfNumber(line_.baseline));
     for (const Glyph& glyph : line_.glyphs) add(glyph);
     showGlyphs();
+    if (rise_ != 0) changeRise(0);
     return out_ + "ET\n";
   }
 
@@ -53,12 +54,28 @@ class LineWriter {
   }
 
   void take(const Glyph& glyph) {
+    if (glyph.dy != rise_) changeRise(glyph.dy);
+    if (isSeen(glyph.dx)) move(-glyph.dx);
     hex_ += fmt::format("{:04X}", glyph.gid);
     // What the reader moves on by the width that the document states, less what is wanted.
-    const double back = (glyph.width - glyph.advance) * 1000;
-    if (std::fabs(back) < 0.001) return;
-    shown_ += "<" + hex_ + ">" + pdfNumber(back);
+    const double back = glyph.dx + glyph.width - glyph.advance;
+    if (isSeen(back)) move(back);
+  }
+
+  /// Whether a length in em shows in the numbers of a document.
+  static bool isSeen(double length) { return std::fabs(length) >= 1e-6; }
+
+  /// Moves the pen back by a length in em.
+  void move(double back) {
+    if (!hex_.empty()) shown_ += "<" + hex_ + ">";
+    shown_ += pdfNumber(back * 1000);
     hex_.clear();
+  }
+
+  void changeRise(double rise) {
+    showGlyphs();
+    rise_ = rise;
+    out_ += fmt::format("{} Ts\n", pdfNumber(rise * line_.size));
   }
 
   void showGlyphs() {
@@ -71,6 +88,7 @@ class LineWriter {
   const PlacedLine& line_;
   const std::vector<UsedGlyphs>& fonts_;
   std::size_t font_ = static_cast<std::size_t>(-1);
+  double rise_ = 0;
   std::string out_;
   std::string shown_;  // of the TJ array that is being written
   std::string hex_;    // of its last string

@@ -23,12 +23,26 @@ std::vector<double> advancesOf(const std::vector<Glyph>& glyphs, int length, dou
   return advances;
 }
 
-std::vector<Glyph> glyphsIn(const std::vector<Glyph>& glyphs, const LineRange& line) {
-  std::vector<Glyph> part;
-  std::copy_if(glyphs.begin(), glyphs.end(), std::back_inserter(part), [&](const Glyph& glyph) {
-    return glyph.begin >= line.begin && glyph.begin < line.end;
-  });
-  return part;
+/// The glyphs of a line as they stand on it from left to right.
+std::vector<Glyph> glyphsIn(const std::vector<Glyph>& glyphs, const LineRange& line,
+                            const Bidi& bidi) {
+  std::vector<const Glyph*> part;
+  std::vector<UBiDiLevel> levels;
+  for (const Glyph& glyph : glyphs) {
+    if (glyph.begin < line.begin || glyph.begin >= line.end) continue;
+    part.push_back(&glyph);
+    levels.push_back(bidi.levelAt(glyph.begin));
+  }
+  std::vector<Glyph> ordered;
+  for (const int index : visualOrder(levels))
+    ordered.push_back(*part[static_cast<std::size_t>(index)]);
+  return ordered;
+}
+
+double widthOf(const std::vector<Glyph>& glyphs, double size) {
+  double width = 0;
+  for (const Glyph& glyph : glyphs) width += glyph.advance * size;
+  return width;
 }
 
 }  // namespace
@@ -41,28 +55,35 @@ PageBuilder::PageBuilder(PageSize size, const FontSet& fonts, const Shaper& shap
       pages_(1) {}
 
 void PageBuilder::add(const Paragraph& paragraph, std::size_t style) {
+  const Bidi bidi(paragraph.text);
   std::vector<Glyph> glyphs;
-  for (const Run& run : itemize(paragraph.text, style, fonts_, missing_)) {
+  for (const Run& run : itemize(paragraph.text, bidi, style, fonts_, missing_)) {
     shaper_.shape(paragraph.text, run, glyphs);
   }
   const double width = size_.width * (1 - 2 * kMargin);
   const auto advances = advancesOf(glyphs, paragraph.text.length(), paragraph.size);
-  for (const LineRange& line : breakLines(paragraph.text, advances, width)) {
-    place(glyphsIn(glyphs, line), paragraph.size);
+  for (const LineRange& range : breakLines(paragraph.text, advances, width)) {
+    PlacedLine line;
+    line.size = paragraph.size;
+    line.glyphs = glyphsIn(glyphs, range, bidi);
+    line.x = kMargin * size_.width;
+    if (bidi.isRightToLeft()) line.x += width - widthOf(line.glyphs, paragraph.size);
+    place(std::move(line));
   }
   gap_ = kParagraphGap * paragraph.size;
 }
 
-void PageBuilder::place(std::vector<Glyph> glyphs, double size) {
+void PageBuilder::place(PlacedLine line) {
   const double bottom = kMargin * size_.width;
-  const double height = kLineHeight * size;
+  const double height = kLineHeight * line.size;
   if (y_ - gap_ - height < bottom && !pages_.back().lines.empty()) {
     pages_.emplace_back();
     y_ = size_.height - bottom;
     gap_ = 0;
   }
   y_ -= gap_;
-  pages_.back().lines.push_back({bottom, y_ - kBaseline * size, size, std::move(glyphs)});
+  line.baseline = y_ - kBaseline * line.size;
+  pages_.back().lines.push_back(std::move(line));
   y_ -= height;
   gap_ = 0;
 }

@@ -35,7 +35,7 @@ class PageBuilder {
   [[nodiscard]] const std::set<int>& missing() const { return missing_; }
 
  private:
-  void place(std::vector<Glyph> glyphs, double size);
+  void place(PlacedLine line);
 
   PageSize size_;
   const FontSet& fonts_;

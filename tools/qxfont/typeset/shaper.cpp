@@ -3,29 +3,50 @@
 #include <unicode/uchar.h>
 
 #include <algorithm>
+#include <set>
+
+#include "qxfont/shape/layout_shaper.h"
+#include "qxfont/shape/script_tags.h"
 
 namespace qxfont {
 namespace {
 
-bool isSelector(int codePoint) {
-  return u_hasBinaryProperty(codePoint, UCHAR_VARIATION_SELECTOR) != 0;
+double em(const fs::FS_FontInfo& font, double units) {
+  return units / std::max(font.getUnitsPerEm(), 1);
 }
 
-/// The variation selector that stands behind a character, or 0.
-int selectorAt(const icu::UnicodeString& text, int index, int end) {
-  if (index >= end) return 0;
-  const int codePoint = text.char32At(index);
-  return isSelector(codePoint) ? codePoint : 0;
+/// The first of a script's tags that the font's layout tables know.
+LayoutTag scriptTagOf(const fs::FS_FontInfo& font, UScriptCode script) {
+  using Font = fs::FS_FontInfo;
+  for (const LayoutTag tag : scriptTags(script)) {
+    const std::unique_ptr<fs::FS_GSUBGPOSInfo, void (*)(fs::FS_GSUBGPOSInfo*)> info(
+        font.getGSUBGPOSInfo(tag, 0), &Font::deleteGSUBGPOSInfo);
+    if (Font::hasGSUBInfo(info.get()) || Font::hasGPOSInfo(info.get())) return tag;
+  }
+  return kDefaultScript;
 }
 
-double em(const fs::FS_FontInfo& font, float units) {
-  return static_cast<double>(units) / std::max(font.getUnitsPerEm(), 1);
-}
+/// Cuts the text of a run where its glyphs begin.
+class Clusters {
+ public:
+  Clusters(const icu::UnicodeString& text, const Run& run, const std::vector<ShapedGlyph>& glyphs)
+      : text_(text) {
+    for (const ShapedGlyph& glyph : glyphs) begins_.insert(glyph.cluster);
+    begins_.insert(run.end);
+  }
 
-void kern(const fs::FS_FontInfo& font, Glyph& left, unsigned short right) {
-  if (!font.hasPairKerningInfo(false)) return;
-  left.advance += em(font, font.getPairKerningValue(left.gid, right, 0, false));
-}
+  /// The text that begins at an index; none when it was taken before.
+  icu::UnicodeString take(int begin) {
+    const auto end = begins_.upper_bound(begin);
+    if (end == begins_.end() || !taken_.insert(begin).second) return {};
+    return text_.tempSubStringBetween(begin, *end);
+  }
+
+ private:
+  const icu::UnicodeString& text_;
+  std::set<int> begins_;
+  std::set<int> taken_;
+};
 
 }  // namespace
 
@@ -33,25 +54,24 @@ bool isInvisible(int codePoint) {
   return u_hasBinaryProperty(codePoint, UCHAR_DEFAULT_IGNORABLE_CODE_POINT) != 0;
 }
 
-void PlainShaper::shape(const icu::UnicodeString& text, const Run& run,
-                        std::vector<Glyph>& glyphs) const {
+void Shaper::shape(const icu::UnicodeString& text, const Run& run,
+                   std::vector<Glyph>& glyphs) const {
   const fs::FS_FontInfo& font = fonts_.font(run.face);
-  const std::size_t first = glyphs.size();
-  for (int i = run.begin; i < run.end;) {
-    const int codePoint = text.char32At(i);
-    const int begin = i;
-    i = text.moveIndex32(i, 1);
-    if (isInvisible(codePoint)) continue;
-    const int selector = selectorAt(text, i, run.end);
+  ShapeRequest request;
+  request.script = scriptTagOf(font, run.script);
+  request.rightToLeft = run.rightToLeft;
+  const auto shaped = LayoutShaper(font, std::move(request)).shape(text, run.begin, run.end);
+  Clusters clusters(text, run, shaped);
+  for (const ShapedGlyph& one : shaped) {
     Glyph glyph;
     glyph.face = run.face;
-    glyph.gid = run.missing ? static_cast<unsigned short>(0)
-                            : fonts_.glyphOf(run.face, codePoint, selector);
-    glyph.width = em(font, font.getGlyphWidth(glyph.gid, 0, false));
-    glyph.advance = glyph.width;
-    glyph.begin = begin;
-    glyph.text = text.tempSubStringBetween(begin, selector != 0 ? i + U16_LENGTH(selector) : i);
-    if (glyphs.size() > first) kern(font, glyphs.back(), glyph.gid);
+    glyph.gid = one.gid;
+    glyph.width = em(font, static_cast<double>(font.getGlyphWidth(one.gid, 0, false)));
+    glyph.advance = em(font, one.advance);
+    glyph.dx = em(font, one.dx);
+    glyph.dy = em(font, one.dy);
+    glyph.begin = one.cluster;
+    glyph.text = clusters.take(one.cluster);
     glyphs.push_back(glyph);
   }
 }

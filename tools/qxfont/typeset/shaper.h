@@ -1,6 +1,7 @@
 #pragma once
 
 #include <unicode/unistr.h>
+#include <unicode/uscript.h>
 
 #include <cstddef>
 #include <vector>
@@ -9,12 +10,14 @@
 
 namespace qxfont {
 
-/// A stretch of text in one face.
+/// A stretch of text in one face, script and direction.
 struct Run {
   int begin = 0;  ///< UTF-16 index
   int end = 0;
   std::size_t face = 0;
   bool missing = false;  ///< No face has these characters.
+  UScriptCode script = USCRIPT_COMMON;
+  bool rightToLeft = false;
 };
 
 /// A glyph on its line; lengths in em.
@@ -23,29 +26,19 @@ struct Glyph {
   unsigned short gid = 0;
   double width = 0;         ///< as the font has it
   double advance = 0;       ///< with kerning
+  double dx = 0;            ///< of its origin from the pen
+  double dy = 0;            ///< the same, upward
   int begin = 0;            ///< UTF-16 index of the characters that it stands for
-  icu::UnicodeString text;  ///< those characters
+  icu::UnicodeString text;  ///< those characters; none where the glyph before stands for them too
 };
 
-/// Turns runs of text into glyphs. Layout by the tables of OpenType takes its place here.
+/// Turns runs of text into glyphs by OpenType layout, with the features that all text wants.
 class Shaper {
  public:
-  Shaper() = default;
-  Shaper(const Shaper&) = delete;
-  Shaper& operator=(const Shaper&) = delete;
-  virtual ~Shaper() = default;
+  explicit Shaper(const FontSet& fonts) : fonts_(fonts) {}
 
   /// Appends the glyphs of a run, in the order of the text.
-  virtual void shape(const icu::UnicodeString& text, const Run& run,
-                     std::vector<Glyph>& glyphs) const = 0;
-};
-
-/// One glyph a character by the character map, with the pair kerning of the `kern` table.
-class PlainShaper final : public Shaper {
- public:
-  explicit PlainShaper(const FontSet& fonts) : fonts_(fonts) {}
-  void shape(const icu::UnicodeString& text, const Run& run,
-             std::vector<Glyph>& glyphs) const override;
+  void shape(const icu::UnicodeString& text, const Run& run, std::vector<Glyph>& glyphs) const;
 
  private:
   const FontSet& fonts_;
