@@ -318,7 +318,7 @@ class Typeset(ShapeTest):
         plain = subprocess.run(["qpdf", "--qdf", "--object-streams=disable", pdf, "-"], check=True,
                                capture_output=True).stdout.decode("latin-1")
         shown = "".join(re.findall(r"^\[(.*)\] TJ$", plain, re.MULTILINE))
-        digits = "".join(re.findall("<([0-9A-F]*)>", shown))
+        digits = "".join(re.findall("<([0-9a-f]*)>", shown))
         return [int(digits[i:i + 4], 16) for i in range(0, len(digits), 4)]
 
     def test_arabic_joins(self):
