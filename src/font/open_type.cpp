@@ -25,6 +25,16 @@ bool FS_OpenType::isCID() const {
   return cff != nullptr && cff->isCID;
 }
 
+/// A font with codes of its own keeps those of page 0 for itself.
+bool FS_OpenType::loadFontTables(QXError* error, int entry, std::istream* stream) {
+  constexpr int kLastOwnCode = 0xFE;
+  if (!FS_TrueType::loadFontTables(error, entry, stream)) return false;
+  QXMutex guard(&lock_);
+  if (type1CodeLimit_ == 0 && getEncodingScheme(entry) != FS_ENCODING_OTHER)
+    type1CodeLimit_ = kLastOwnCode;
+  return true;
+}
+
 FS_FontFileType FS_OpenType::getFontFileType(int) const {
   return isCID() ? FS_FILETYPE_OPENTYPE_CID : FS_FILETYPE_OPENTYPE;
 }

@@ -34,16 +34,23 @@ embed::CffSubsetSource cffSource(const FS_TrueTypeInfo& info, std::istream& stre
 
 }  // namespace
 
-bool SfntFont::writeFont(int entry, std::istream* source,
-                         const std::function<bool(const WritingSource&)>& write) {
+bool SfntFont::writeFont(int entry, std::istream* source, const Writing& write) {
   FS_TrueTypeInfo* info = record(entry);
   if (info == nullptr) return false;
-  return QXCommonNS::answerOr(false, [&] {
-    std::istream* given = source != nullptr ? source : getMemStream();
-    const embed::FontStream stream = embed::openFontStream(given, fileUri_);
-    if (stream.get() == nullptr) return false;
-    return write({sfntSource(*info, *stream.get()), cffSource(*info, *stream.get())});
-  });
+  return QXCommonNS::answerOr(
+      false, [&] { return writeFrom(source != nullptr ? source : getMemStream(), *info, write); });
+}
+
+bool SfntFont::writeFontFile(int entry, const Writing& write) {
+  FS_TrueTypeInfo* info = record(entry);
+  if (info == nullptr) return false;
+  return QXCommonNS::answerOr(false, [&] { return writeFrom(nullptr, *info, write); });
+}
+
+bool SfntFont::writeFrom(std::istream* given, FS_TrueTypeInfo& info, const Writing& write) {
+  const embed::FontStream stream = embed::openFontStream(given, fileUri_);
+  if (stream.get() == nullptr) return false;
+  return write({sfntSource(info, *stream.get()), cffSource(info, *stream.get())});
 }
 
 bool SfntFont::getEmbedFont(const GlyphIDs& gids, QXMemStream& out, const unsigned int* tags,

@@ -111,14 +111,18 @@ class SfntFont : public FS_BaseFont {
   /// The record of an entry, or null.
   [[nodiscard]] virtual FS_TrueTypeInfo* record(int entry) const = 0;
 
+  using Writing = std::function<bool(const WritingSource&)>;
+
   /// Runs an operation that writes the font: `write` gets what the writers need of the face.
   /// @param source the stream to read; null: the font in memory, else its file.
   /// @return what `write` answers; false, before anything is opened, without a record, and without
   ///   a stream or when `write` throws a standard exception but `std::bad_alloc`.
-  bool writeFont(int entry, std::istream* source,
-                 const std::function<bool(const WritingSource&)>& write);
+  bool writeFont(int entry, std::istream* source, const Writing& write);
+  /// The same, but read from the font's file also where there is one in memory.
+  bool writeFontFile(int entry, const Writing& write);
 
  private:
+  bool writeFrom(std::istream* given, FS_TrueTypeInfo& info, const Writing& write);
   [[nodiscard]] UnicodeString name(QXLang::LanguageID lang, NameSlot slot, int entry) const;
 };
 

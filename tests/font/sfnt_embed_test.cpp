@@ -6,37 +6,18 @@
 
 #include "embed/table_lists.h"
 #include "font/sfnt_fixture.h"
+#include "font/written_form.h"
 #include "support/be_bytes.h"
 #include "support/cff_builder.h"
 
 namespace QXFontService_NS {
 namespace {
 
+using qxtest::bytesIn;
+using qxtest::formOf;
 using qxtest::sampleFont;
 using qxtest::SfntBuilder;
-
-std::string bytesIn(QXMemStream& stream) {
-  std::string bytes(stream.length(), '\0');
-  stream.clear();
-  stream.seekg(0);
-  stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  return bytes;
-}
-
-/// What an operation writes, or "false".
-template <class Operation>
-std::string formOf(Operation operation) {
-  QXMemStream out(nullptr, 8192, false, true);
-  return operation(out) ? bytesIn(out) : "false";
-}
-
-/// The tags of an sfnt, one after the other.
-std::string tagsOf(const std::string& font) {
-  std::string tags;
-  const auto count = static_cast<std::size_t>(static_cast<unsigned char>(font.at(5)));
-  for (std::size_t i = 0; i < count; ++i) tags += font.substr(12 + 16 * i, 4) + " ";
-  return tags;
-}
+using qxtest::tagsOf;
 
 class GlyphStreams : public FS_TTGlyphMap {
  public:
@@ -236,7 +217,7 @@ TEST_F(SfntEmbed, ATrueTypeFontWithCffIsWrittenAsCff) {
             "false");
 }
 
-TEST_F(SfntEmbed, AnOpenTypeFontHasTheFormsOfATrueTypeFont) {
+TEST_F(SfntEmbed, TheOtherFormsOfAnOpenTypeFontAreThoseOfATrueTypeFont) {
   const SfntBuilder builder = cffFont().version(SfntBuilder::kOpenType);
   const auto font = load<FS_OpenType>(builder);
   ASSERT_TRUE(font);
