@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 #include "embed/cff_subset_charset.h"
 #include "embed/cff_subset_closure.h"
@@ -23,16 +24,25 @@ class EmbedWriter {
   explicit EmbedWriter(const CffSubsetSource& source)
       : source_(source), stream_(*source.table.stream), position_(source.table.at(4)) {}
 
-  bool run(const std::vector<std::uint16_t>& gids) {
+  /// Everything that stands before the charset, and with it which glyphs are written.
+  bool begin(const std::vector<std::uint16_t>& gids) {
     glyphs_ = gids;
     out_.text(kCffHeader);
-    return copyCFFIndex(stream_, position_, out_) && writeTopDict() &&
-           copyCFFIndex(stream_, position_, out_) && copyCFFIndex(stream_, position_, out_) &&
-           openCharStrings() && closeComposites() && writeCharsetAndFDSelect() &&
-           writeInSourceOrder() && (copyTail(), patchOffsets(), true);
+    const bool begun = copyCFFIndex(stream_, position_, out_) && writeTopDict() &&
+                       copyCFFIndex(stream_, position_, out_) &&
+                       copyCFFIndex(stream_, position_, out_) && openCharStrings() &&
+                       closeComposites();
+    if (begun) keyed_ = keyGlyphs(*source_.info, glyphs_);
+    return begun;
+  }
+
+  bool run(const std::vector<std::uint16_t>& gids) {
+    return begin(gids) && writeCharsetAndFDSelect() && writeInSourceOrder() &&
+           (copyTail(), patchOffsets(), true);
   }
 
   ByteWriter& out() { return out_; }
+  KeyedGlyphs& keyedGlyphs() { return keyed_; }
 
  private:
   enum class Part { charStrings, fdArray, privateDict };
@@ -67,7 +77,6 @@ class EmbedWriter {
   }
 
   bool writeCharsetAndFDSelect() {
-    keyed_ = keyGlyphs(*source_.info, glyphs_);
     starts_.charset = out_.size();
     writeCharset(keyed_, out_);
     if (places_.fdSelect.has_value()) {
@@ -189,15 +198,25 @@ class EmbedWriter {
   } starts_;  // of the structures in the output
 };
 
+bool canEmbed(const CffSubsetSource& source, const std::vector<std::uint16_t>& gids) {
+  return !gids.empty() && source.table.exists() && source.info != nullptr;
+}
+
 }  // namespace
 
 bool makeCFFEmbedFont(const CffSubsetSource& source, const std::vector<std::uint16_t>& gids,
                       QXCommonNS::QXMemStream& out) {
-  if (gids.empty() || !source.table.exists() || source.info == nullptr) return false;
+  if (!canEmbed(source, gids)) return false;
   EmbedWriter writer(source);
   if (!writer.run(gids)) return false;
   writeTo(out, writer.out());
   return true;
+}
+
+KeyedGlyphs cffEmbedGlyphs(const CffSubsetSource& source, const std::vector<std::uint16_t>& gids) {
+  if (!canEmbed(source, gids)) return {};
+  EmbedWriter writer(source);
+  return writer.begin(gids) ? std::move(writer.keyedGlyphs()) : KeyedGlyphs();
 }
 
 }  // namespace QXFontService_NS::embed

@@ -6,6 +6,7 @@
 #include "qxcommon/mem_stream.h"
 
 #include "embed/cff/cff_subset_source.h"
+#include "embed/cff_subset_charset.h"
 
 namespace QXFontService_NS::embed {
 
@@ -18,5 +19,10 @@ namespace QXFontService_NS::embed {
 [[nodiscard]] bool makeCFFEmbedFont(const CffSubsetSource& source,
                                     const std::vector<std::uint16_t>& gids,
                                     QXCommonNS::QXMemStream& out);
+
+/// The glyphs that `makeCFFEmbedFont` writes behind glyph 0, parts of composites among them, in the
+/// order in which it numbers them from 1. Empty where it fails before it comes to them.
+[[nodiscard]] KeyedGlyphs cffEmbedGlyphs(const CffSubsetSource& source,
+                                         const std::vector<std::uint16_t>& gids);
 
 }  // namespace QXFontService_NS::embed

@@ -68,6 +68,15 @@ bool SfntFont::getEmbedFont(const GlyphIDs& gids, QXMemStream& out, int entry,
   });
 }
 
+std::map<unsigned short, unsigned short> SfntFont::cffEmbedGlyphs(const GlyphIDs& gids, int entry) {
+  embed::KeyedGlyphs glyphs;
+  writeFont(entry, nullptr, [&](const WritingSource& font) {
+    glyphs = embed::cffEmbedGlyphs(font.cff, gids);
+    return true;
+  });
+  return glyphs;
+}
+
 bool SfntFont::getSVG2EmbedFont(const GlyphIDs& gids, QXMemStream& out, int entry,
                                 std::istream* source) {
   return writeFont(entry, source, [&](const WritingSource& font) {

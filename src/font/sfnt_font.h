@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 
 #include "font/contract/base_font.h"
 #include "font/sfnt/true_type_info.h"
@@ -85,6 +86,9 @@ class SfntFont : public FS_BaseFont {
                       std::istream* source) override;
   bool makeSubsetFont(const GlyphIDs& gids, QXMemStream& out, int entry,
                       std::istream* source) override;
+  /// See `embed::cffEmbedGlyphs`: how the bare CFF of `getEmbedFont` numbers its glyphs. Empty for
+  /// fonts without one.
+  std::map<unsigned short, unsigned short> cffEmbedGlyphs(const GlyphIDs& gids, int entry);
   bool isEmbeddingAllowed(int entry) const override;
   FS_EMBEDSTATUS getEmbedStatus(int entry) const override;
   unsigned short getFontEmbeddingLicence(int entry) const override;

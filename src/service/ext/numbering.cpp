@@ -1,0 +1,106 @@
+#include "qxfontservice/ext/numbering.h"
+
+#include <map>
+#include <set>
+
+#include "embed/cff/cff_info.h"
+#include "font/sfnt_font.h"
+#include "service/boundary.h"
+
+namespace QXFontService_NS::ext {
+namespace {
+
+using Gids = std::vector<unsigned short>;
+using Numbers = std::vector<GlyphNumber>;
+
+GlyphNumber numbered(unsigned short glyph, std::size_t id) {
+  GlyphNumber number;
+  number.glyph = glyph;
+  number.id = static_cast<unsigned short>(id);
+  return number;
+}
+
+/// Glyphs that keep their ids.
+Numbers keptIds(const Gids& gids) {
+  Numbers numbers;
+  for (const unsigned short glyph : std::set<unsigned short>(gids.begin(), gids.end()))
+    if (glyph != FS_NO_GLYPH) numbers.push_back(numbered(glyph, glyph));
+  return numbers;
+}
+
+/// Glyph 0 is CID 0, whatever is asked for.
+Numbers countedCids(const Gids& gids) {
+  Numbers numbers;
+  for (const unsigned short glyph : gids)
+    if (glyph != 0 && glyph != FS_NO_GLYPH) numbers.push_back(numbered(glyph, numbers.size() + 1));
+  return numbers;
+}
+
+/// A face whose record lives in an sfnt font.
+class NumberedFace {
+ public:
+  explicit NumberedFace(const FS_FontInfo& font) : entry_(font.getEntry()) {
+    if (font.getFont() == nullptr) return;
+    font_ = dynamic_cast<SfntFont*>(font.getFont()->getExtraBaseFont());
+    if (font_ != nullptr) info_ = font_->getTrueTypeInfo(entry_);
+  }
+
+  [[nodiscard]] bool exists() const { return info_ != nullptr; }
+
+  [[nodiscard]] Numbers numbers(NumberedForm form, const Gids& gids) const {
+    if (form == NumberedForm::cidFontType0) return hasCidForm() ? countedCids(gids) : Numbers();
+    if (form == NumberedForm::embedFont && embedsCff()) return ofBareCff(gids);
+    return keptIds(gids);
+  }
+
+  void describe(Numbers& numbers) const {
+    const std::map<unsigned short, int> characters = lowestCharacters(numbers);
+    for (GlyphNumber& number : numbers) {
+      number.width = info_->getGlyphWidth(number.glyph, 0, false);
+      const auto found = characters.find(number.glyph);
+      if (found != characters.end()) number.unicode = found->second;
+    }
+  }
+
+ private:
+  [[nodiscard]] bool hasCidForm() const { return font_->isOpenType(); }
+  [[nodiscard]] bool embedsCff() const { return font_->isOpenType() || info_->hasCFF(); }
+
+  [[nodiscard]] Numbers ofBareCff(const Gids& gids) const {
+    const FS_CFFInfo* cff = info_->cffFont();
+    const bool isCid = cff != nullptr && cff->isCID;
+    Numbers numbers;
+    for (const auto& [key, glyph] : font_->cffEmbedGlyphs(gids, entry_))
+      numbers.push_back(numbered(glyph, isCid ? key : numbers.size() + 1));
+    return numbers;
+  }
+
+  [[nodiscard]] std::map<unsigned short, int> lowestCharacters(const Numbers& numbers) const {
+    std::set<unsigned short> wanted;
+    for (const GlyphNumber& number : numbers) wanted.insert(number.glyph);
+    std::map<unsigned short, int> characters;
+    info_->loaded().maps.forEach([&](int code, std::uint16_t glyph) {
+      if (wanted.count(glyph) != 0) characters.emplace(glyph, code);
+    });
+    return characters;
+  }
+
+  SfntFont* font_ = nullptr;
+  const FS_TrueTypeInfo* info_ = nullptr;
+  int entry_;
+};
+
+}  // namespace
+
+std::vector<GlyphNumber> numberGlyphs(const FS_FontInfo& font, NumberedForm form,
+                                      const std::vector<unsigned short>& gids) {
+  return service::atBoundary(Numbers(), [&] {
+    const NumberedFace face(font);
+    if (!face.exists()) return Numbers();
+    Numbers numbers = face.numbers(form, gids);
+    face.describe(numbers);
+    return numbers;
+  });
+}
+
+}  // namespace QXFontService_NS::ext
