@@ -100,6 +100,14 @@ TEST(PageContent, showsGlyphsByTheirIds) {
             "BT\n1 0 0 1 10 700.5 Tm\n/F0 12 Tf\n[<00031234>] TJ\nET\n");
 }
 
+TEST(PageContent, showsGlyphsByTheCodesOfTheEmbeddedFont) {
+  const Page page = pageOf({glyphOf(4, 3, u"a"), glyphOf(4, 7, u"b"), glyphOf(4, 9, u"c")});
+  auto used = usedGlyphs({page});
+  used[0].codes = {{3, 0x102}, {7, 1}};
+  EXPECT_EQ(pageContent(page, used),
+            "BT\n1 0 0 1 10 700.5 Tm\n/F0 12 Tf\n[<010200010009>] TJ\nET\n");
+}
+
 TEST(PageContent, movesByKerningInThousandths) {
   EXPECT_EQ(contentOf(pageOf({glyphOf(0, 3, u"A", -0.025), glyphOf(0, 4, u"V")})),
             "BT\n1 0 0 1 10 700.5 Tm\n/F0 12 Tf\n[<0003>25<0004>] TJ\nET\n");
@@ -152,6 +160,13 @@ TEST(PdfBytes, areTheSameForTheSameDocument) {
   const std::string first = pdfBytes(sampleDocument());
   EXPECT_EQ(first.rfind("%PDF-1.5", 0), 0U);
   EXPECT_EQ(first, pdfBytes(sampleDocument()));
+}
+
+TEST(PdfBytes, differByTheKindOfTheFont) {
+  PdfDocument document = sampleDocument();
+  const std::string trueType = pdfBytes(document);
+  document.fonts[0].isBareCff = true;
+  EXPECT_NE(pdfBytes(document), trueType);
 }
 
 }  // namespace

@@ -1,10 +1,13 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "qxfontservice/ext/numbering.h"
 
 #include "qxfont/cli/input_file.h"
 #include "qxfont/cli/open_font.h"
@@ -86,15 +89,23 @@ FormResult write(const fs::FS_FontInfo& font, const Form& form, const GlyphChoic
                               utf8(font.getFontFileName().getLocalPath(true)), form.name));
 }
 
-/// The numbering of the forms so far: all of them keep the ids of the font.
-Json mapJson(const fs::FS_FontInfo& font, const GlyphChoice& choice) {
-  Json map = Json::array();
+/// What the document has to call the glyphs, with the character by which each was asked for.
+Json mapJson(const fs::FS_FontInfo& font, const Form& form, const FormResult& result,
+             const GlyphChoice& choice) {
+  std::vector<unsigned short> gids;
   for (const auto& [gid, codePoint] : choice.glyphs) {
+    if (std::find(result.leftOut.begin(), result.leftOut.end(), gid) == result.leftOut.end())
+      gids.push_back(gid);
+  }
+  Json map = Json::array();
+  for (const auto& numbered : fs::ext::numberGlyphs(font, form.numbers, gids)) {
+    const auto asked = choice.glyphs.find(numbered.glyph);
+    const int codePoint = asked != choice.glyphs.end() ? asked->second : numbered.unicode;
     Json row;
-    row["glyph"] = gid;
-    row["id"] = gid;
+    row["glyph"] = numbered.glyph;
+    row["id"] = numbered.id;
     if (codePoint >= 0) row["unicode"] = codePoint;
-    row["width"] = number(font.getGlyphWidth(gid, 0, false));
+    row["width"] = number(numbered.width);
     map.push_back(row);
   }
   return map;
@@ -113,7 +124,7 @@ Json summaryJson(const fs::FS_FontInfo& font, const Form& form, const FormResult
   json["bytes"] = sizeOf(result);
   json["glyphs"] = choice.glyphs.size();
   json["name"] = utf8(font.getPostScriptName(fs::QXLang::LANGID_DEFAULT));
-  json["map"] = mapJson(font, choice);
+  json["map"] = mapJson(font, form, result, choice);
   return json;
 }
 

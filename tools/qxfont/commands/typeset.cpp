@@ -22,6 +22,7 @@
 #include "qxfont/pdf/embedded_font.h"
 #include "qxfont/pdf/page_content.h"
 #include "qxfont/pdf/pdf_document.h"
+#include "qxfont/postscript/ps_document.h"
 #include "qxfont/typeset/page.h"
 #include "qxfont/typeset/page_size.h"
 #include "qxfont/typeset/shaper.h"
@@ -30,6 +31,8 @@
 
 namespace qxfont {
 namespace {
+
+constexpr const char* kProducer = "qxfont " QXFONT_VERSION;
 
 struct TypesetOptions {
   SourceOptions source;
@@ -50,10 +53,18 @@ struct Request {
   std::string date;
 };
 
+enum class Kind { pdf, postScript };
+
+Kind kindOf(const std::string& out) {
+  const std::string extension = std::filesystem::path(out).extension();
+  if (extension == ".pdf") return Kind::pdf;
+  if (extension == ".ps") return Kind::postScript;
+  throw ToolError(Status::wrongCall,
+                  "typeset writes PDF and PostScript, and this is no .pdf and no .ps: " + out);
+}
+
 Request readRequest(const TypesetOptions& options) {
-  if (std::filesystem::path(options.out).extension() != ".pdf") {
-    throw ToolError(Status::wrongCall, "typeset writes PDF, and this is no .pdf: " + options.out);
-  }
+  kindOf(options.out);
   if (!isSize(options.size)) {
     throw ToolError(Status::wrongCall,
                     fmt::format("the size {} is not from 1 to 1000 points", options.size));
@@ -89,41 +100,73 @@ void setText(const Request& request, const std::vector<std::size_t>& faces, Page
   }
 }
 
-PdfDocument documentOf(const Request& request, const std::vector<Page>& pages,
-                       const std::vector<UsedGlyphs>& used, const FontSet& fonts) {
+/// The document, and what there is to be told of the fonts in it.
+struct Output {
+  struct Font {
+    const char* form;
+    std::size_t bytes;
+  };
+  std::string bytes;
+  std::vector<Font> fonts;
+};
+
+Output writePdf(const Request& request, const std::vector<Page>& pages,
+                std::vector<UsedGlyphs>& used, const FontSet& fonts) {
   PdfDocument document;
+  Output out;
   document.width = request.page.width;
   document.height = request.page.height;
-  document.producer = "qxfont " QXFONT_VERSION;
+  document.producer = kProducer;
   document.date = request.date;
-  for (const Page& page : pages) document.pages.push_back(pageContent(page, used));
-  for (const UsedGlyphs& one : used) {
-    document.fonts.push_back(embeddedFont(fonts.font(one.face), one));
+  for (UsedGlyphs& one : used) {
+    numberForPdf(fonts.font(one.face), one);
+    const PdfFont font = embeddedFont(fonts.font(one.face), one);
+    out.fonts.push_back({font.isBareCff ? "cff" : "sfnt", font.fontFile.size()});
+    document.fonts.push_back(font);
   }
-  return document;
+  for (const Page& page : pages) document.pages.push_back(pageContent(page, used));
+  out.bytes = pdfBytes(document);
+  return out;
 }
 
-Json fontJson(const fs::FS_FontInfo& font, const UsedGlyphs& used, const PdfFont& embedded) {
+Output writePostScript(const Request& request, const std::vector<Page>& pages,
+                       std::vector<UsedGlyphs>& used, const FontSet& fonts) {
+  PsDocument document;
+  Output out;
+  document.width = request.page.width;
+  document.height = request.page.height;
+  document.creator = kProducer;
+  for (UsedGlyphs& one : used) {
+    const PsFont font = psFont(fonts.font(one.face), one);
+    out.fonts.push_back({"cid-ps", font.resource.size()});
+    document.fonts.push_back(font);
+  }
+  for (const Page& page : pages) document.pages.push_back(psPage(page, used));
+  out.bytes = psBytes(document);
+  return out;
+}
+
+Json fontJson(const fs::FS_FontInfo& font, const UsedGlyphs& used, const Output::Font& written) {
   Json json;
   json["family"] = utf8(font.getFamilyName(fs::QXLang::LANGID_DEFAULT));
   json["postscript_name"] = utf8(font.getPostScriptName(fs::QXLang::LANGID_DEFAULT));
   json["file"] = utf8(font.getFontFileName().getLocalPath(true));
-  json["form"] = "sfnt";
+  json["form"] = written.form;
   json["glyphs"] = used.texts.size();
-  json["bytes"] = embedded.fontFile.size();
+  json["bytes"] = written.bytes;
   return json;
 }
 
-Json summaryOf(const PdfDocument& document, const std::vector<UsedGlyphs>& used,
-               const FontSet& fonts, const std::set<int>& missing) {
+Json summaryOf(const PageBuilder& builder, const std::vector<UsedGlyphs>& used,
+               const FontSet& fonts, const Output& output) {
   Json json;
-  json["pages"] = document.pages.size();
+  json["pages"] = builder.pages().size();
   json["fonts"] = Json::array();
   for (std::size_t i = 0; i < used.size(); ++i) {
-    json["fonts"].push_back(fontJson(fonts.font(used[i].face), used[i], document.fonts[i]));
+    json["fonts"].push_back(fontJson(fonts.font(used[i].face), used[i], output.fonts[i]));
   }
   json["missing"] = Json::array();
-  for (const int codePoint : missing) json["missing"].push_back(codePointName(codePoint));
+  for (const int codePoint : builder.missing()) json["missing"].push_back(codePointName(codePoint));
   return json;
 }
 
@@ -155,14 +198,15 @@ void typeset(const TypesetOptions& options) {
   PageBuilder builder(request.page, fonts, shaper);
   setText(request, faces, builder);
 
-  const std::vector<UsedGlyphs> used = usedGlyphs(builder.pages());
+  std::vector<UsedGlyphs> used = usedGlyphs(builder.pages());
   for (const UsedGlyphs& one : used) {
     if (!options.allowRestricted) requireRights(fonts.font(one.face), true);
   }
-  const PdfDocument document = documentOf(request, builder.pages(), used, fonts);
-  const Json summary = summaryOf(document, used, fonts, builder.missing());
+  const auto write = kindOf(options.out) == Kind::pdf ? writePdf : writePostScript;
+  const Output output = write(request, builder.pages(), used, fonts);
+  const Json summary = summaryOf(builder, used, fonts, output);
   OutputFiles files;
-  files.add(options.out, pdfBytes(document));
+  files.add(options.out, output.bytes);
   tellMissing(builder.missing());
   if (options.output.json) {
     printJson(summary);
@@ -177,7 +221,7 @@ void typeset(const TypesetOptions& options) {
 
 void addTypesetCommand(CLI::App& app, Chosen& chosen) {
   auto options = std::make_shared<TypesetOptions>();
-  CLI::App* command = app.add_subcommand("typeset", "Sets a UTF-8 text as PDF");
+  CLI::App* command = app.add_subcommand("typeset", "Sets a UTF-8 text as PDF or PostScript");
   command
       ->add_option("FILE", options->file, "the text; a line \"#font STYLE [SIZE]\" changes fonts")
       ->required();
@@ -189,7 +233,7 @@ void addTypesetCommand(CLI::App& app, Chosen& chosen) {
       ->required();
   command->add_option("--size", options->size, "points (12)");
   command->add_option("--page", options->page, "one of " + pageSizeNames());
-  command->add_option("-o,--output", options->out, "the PDF file to write")
+  command->add_option("-o,--output", options->out, "the .pdf or .ps file to write")
       ->type_name("FILE")
       ->required();
   command->add_flag("--allow-restricted", options->allowRestricted,

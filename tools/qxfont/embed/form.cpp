@@ -6,11 +6,13 @@
 #include <cstddef>
 #include <iterator>
 #include <memory>
+#include <utility>
 
 #include "qxcommon/mem_stream.h"
 #include "qxfontservice/tt_glyph_map.h"
 
 #include "qxfont/cli/status.h"
+#include "qxfont/embed/cid_post_script.h"
 
 namespace qxfont {
 namespace {
@@ -20,7 +22,10 @@ using QXFontService_NS::FS_FontInfo;
 using QXFontService_NS::FS_TTGlyphMap;
 using Gids = std::vector<unsigned short>;
 
+using QXFontService_NS::ext::NumberedForm;
+
 constexpr std::size_t kBlock = 8192;
+constexpr NumberedForm kKeepsIds = NumberedForm::subsetFont;
 
 std::string bytesOf(QXMemStream& stream) {
   stream.clear();
@@ -72,11 +77,23 @@ bool writePsGlyphs(const FS_FontInfo& font, const Gids& gids, FormResult& out) {
   return true;
 }
 
+bool writeCidPostScript(const FS_FontInfo& font, const Gids& gids, FormResult& out) {
+  CidPostScript resource = cidPostScript(font, gids);
+  out.bytes = std::move(resource.text);
+  out.leftOut = std::move(resource.blank);
+  return true;
+}
+
+/// Fonts whose outlines are in `CFF `.
+bool isCff(const FS_FontInfo& font) {
+  const int type = font.getFontFileType2();
+  return type == QXFontService_NS::FS_FILETYPE_OPENTYPE ||
+         type == QXFontService_NS::FS_FILETYPE_OPENTYPE_CID;
+}
+
 /// Fonts whose outlines are in `glyf`.
 bool isTrueType(const FS_FontInfo& font) {
-  const int type = font.getFontFileType2();
-  return font.isTrueTypeFont() && type != QXFontService_NS::FS_FILETYPE_OPENTYPE &&
-         type != QXFontService_NS::FS_FILETYPE_OPENTYPE_CID;
+  return font.isTrueTypeFont() && !isCff(font);
 }
 
 bool isSfnt(const FS_FontInfo& font) {
@@ -94,12 +111,16 @@ const std::vector<Form>& forms() {
       {"sfnt", "TrueType for PDF", isTrueType, writeBy<&FS_FontInfo::getEmbedFont>},
       {"sfnt-cmap", "the same with its character map", isTrueType,
        writeBy<&FS_FontInfo::getEmbedFontWithCmap>},
-      {"sfnt-all", "all tables", isTrueType, writeBy<&FS_FontInfo::makeSubsetFont>, false, false,
-       true},
+      {"sfnt-all", "all tables", isSfnt, writeBy<&FS_FontInfo::makeSubsetFont>, kKeepsIds, false,
+       false, true},
       {"svg2", "a font for SVG", isTrueType, writeBy<&FS_FontInfo::getSVG2EmbedFont>},
-      {"stream", "the whole font as it is", isSfnt, writeStream, true},
+      {"stream", "the whole font as it is", isSfnt, writeStream, kKeepsIds, true},
       {"ps-glyphs", "a folder: the sfnt for PostScript and one file a glyph", isTrueType,
-       writePsGlyphs, false, true},
+       writePsGlyphs, kKeepsIds, false, true},
+      {"cff", "the bare CFF for PDF", isCff, writeBy<&FS_FontInfo::getEmbedFont>,
+       NumberedForm::embedFont},
+      {"cid-ps", "a CIDFontType 0 for PostScript, without blank glyphs", isCff, writeCidPostScript,
+       NumberedForm::cidFontType0},
   };
   return all;
 }

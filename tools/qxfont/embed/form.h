@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "qxfontservice/ext/numbering.h"
 #include "qxfontservice/font_info.h"
 
 namespace qxfont {
@@ -12,6 +13,7 @@ namespace qxfont {
 struct FormResult {
   std::string bytes;
   std::map<unsigned short, std::string> glyphFiles;  ///< outlines by glyph, for `ps-glyphs`
+  std::vector<unsigned short> leftOut;               ///< blank glyphs that the form does not need
 };
 
 /// One way to embed a font: a row of the table of forms.
@@ -23,6 +25,8 @@ struct Form {
   /// Writes it; false when the font cannot.
   bool (*write)(const QXFontService_NS::FS_FontInfo& font, const std::vector<unsigned short>& gids,
                 FormResult& out);
+  /// How it numbers the glyphs.
+  QXFontService_NS::ext::NumberedForm numbers = QXFontService_NS::ext::NumberedForm::subsetFont;
   bool whole = false;            ///< The whole font, whatever glyphs are asked for.
   bool folder = false;           ///< A folder of files.
   bool asSpecifiedOnly = false;  ///< Written with `--as-specified` only.

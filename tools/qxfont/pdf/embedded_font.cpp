@@ -4,7 +4,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <string_view>
+
+#include "qxfontservice/ext/numbering.h"
 
 #include "qxfont/cli/font_facts.h"
 #include "qxfont/cli/status.h"
@@ -63,11 +66,30 @@ void takeMetrics(const fs::FS_FontInfo& font, double scale, PdfFont& out) {
   out.capHeight = scaled(metrics.getCapHeight());
 }
 
+std::string fileOf(const fs::FS_FontInfo& font) {
+  return utf8(font.getFontFileName().getLocalPath(true));
+}
+
+/// Glyphs to be written. Glyph 0 is in every font: a bare CFF would have it twice.
+std::vector<unsigned short> wantedGlyphs(const UsedGlyphs& used) {
+  std::vector<unsigned short> gids = used.gids();
+  if (gids.size() > 1 && gids.front() == 0) gids.erase(gids.begin());
+  return gids;
+}
+
 std::string subsetOf(const fs::FS_FontInfo& font, const std::vector<unsigned short>& gids) {
   FormResult result;
-  if (formOf("sfnt").write(font, gids, result) && !result.bytes.empty()) return result.bytes;
-  throw ToolError(Status::badFont, fmt::format("{} does not give its glyphs",
-                                               utf8(font.getFontFileName().getLocalPath(true))));
+  for (const char* form : {"sfnt", "cff"}) {
+    if (!formOf(form).serves(font)) continue;
+    if (formOf(form).write(font, gids, result) && !result.bytes.empty()) return result.bytes;
+  }
+  throw ToolError(Status::badFont, fileOf(font) + " does not give its glyphs");
+}
+
+/// An sfnt begins with another version.
+bool isBareCff(const std::string& fontFile) {
+  constexpr std::string_view kCffVersion("\x01\x00", 2);
+  return fontFile.compare(0, kCffVersion.size(), kCffVersion) == 0;
 }
 
 std::string nameOf(const fs::FS_FontInfo& font) {
@@ -90,6 +112,20 @@ std::string pdfName(const std::string& name) {
   return usable;
 }
 
+void numberForPdf(const fs::FS_FontInfo& font, UsedGlyphs& used) {
+  for (const auto& row :
+       fs::ext::numberGlyphs(font, fs::ext::NumberedForm::embedFont, wantedGlyphs(used))) {
+    used.codes.emplace(row.glyph, row.id);
+  }
+  used.codes[0] = 0;
+  for (const unsigned short gid : used.gids()) {
+    if (used.codes.count(gid) != 0) continue;
+    throw ToolError(Status::badFont, fmt::format("{}: glyph {} has no name of its own, so that no "
+                                                 "document can ask for it",
+                                                 fileOf(font), gid));
+  }
+}
+
 PdfFont embeddedFont(const fs::FS_FontInfo& font, const UsedGlyphs& used) {
   const std::vector<unsigned short> gids = used.gids();
   const double scale = 1000.0 / std::max(font.getUnitsPerEm(), 1);
@@ -97,15 +133,20 @@ PdfFont embeddedFont(const fs::FS_FontInfo& font, const UsedGlyphs& used) {
   const std::string name = nameOf(font);
   PdfFont out;
   out.baseFont = subsetTag(name, gids) + "+" + name;
-  out.fontFile = subsetOf(font, gids);
+  out.fontFile = subsetOf(font, wantedGlyphs(used));
+  out.isBareCff = isBareCff(out.fontFile);
   out.flags = flagsOf(font, style);
   out.stemV = stemOf(style.weight);
   takeMetrics(font, scale, out);
+  std::map<unsigned short, icu::UnicodeString> texts;
   for (const unsigned short gid : gids) {
+    const unsigned short code = used.codeOf(gid);
     const double width = static_cast<double>(font.getGlyphWidth(gid, 0, false));
-    out.widths.emplace_back(gid, width * scale);
+    out.widths.emplace_back(code, width * scale);
+    texts.emplace(code, used.texts.at(gid));
   }
-  out.toUnicode = toUnicodeMap(used.texts);
+  std::sort(out.widths.begin(), out.widths.end());
+  out.toUnicode = toUnicodeMap(texts);
   return out;
 }
 

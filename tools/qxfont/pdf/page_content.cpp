@@ -56,7 +56,7 @@ class LineWriter {
   void take(const Glyph& glyph) {
     if (glyph.dy != rise_) changeRise(glyph.dy);
     if (isSeen(glyph.dx)) move(-glyph.dx);
-    hex_ += fmt::format("{:04X}", glyph.gid);
+    hex_ += fmt::format("{:04X}", fonts_[font_].codeOf(glyph.gid));
     // What the reader moves on by the width that the document states, less what is wanted.
     const double back = glyph.dx + glyph.width - glyph.advance;
     if (isSeen(back)) move(back);

@@ -7,11 +7,13 @@
 
 namespace qxfont {
 
-/// A font as it goes into a PDF document: a CIDFontType2 whose CIDs are the glyph ids of an
-/// embedded TrueType subset (ISO 32000-1, 9.7 and 9.8). Lengths are thousandths of an em.
+/// A font as it goes into a PDF document (ISO 32000-1, 9.7 and 9.8): a CIDFontType2 whose CIDs are
+/// the glyph ids of an embedded TrueType subset, or a CIDFontType0 whose CIDs are those of a bare
+/// CFF, in one that is keyed by names its glyph ids. Lengths are thousandths of an em.
 struct PdfFont {
   std::string baseFont;  ///< with the tag of the subset: "ABCDEF+Name"
-  std::string fontFile;  ///< the sfnt
+  std::string fontFile;  ///< the sfnt, or the bare CFF
+  bool isBareCff = false;
   int flags = 0;
   std::array<double, 4> bounds{};
   double italicAngle = 0;
@@ -19,7 +21,7 @@ struct PdfFont {
   double descent = 0;
   double capHeight = 0;
   double stemV = 0;
-  std::vector<std::pair<unsigned short, double>> widths;  ///< by rising glyph id
+  std::vector<std::pair<unsigned short, double>> widths;  ///< by rising CID
   std::string toUnicode;                                  ///< a CMap
 };
 

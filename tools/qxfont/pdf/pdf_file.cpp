@@ -30,9 +30,14 @@ Object rectangle(const std::array<double, 4>& box) {
   return array;
 }
 
-/// The embedded font program; its length before compression is asked for by name.
+/// The embedded font program; the length of a TrueType font before compression is asked for by
+/// name.
 Object fontFileOf(QPDF& pdf, const PdfFont& font) {
   Object stream = Object::newStream(&pdf, font.fontFile);
+  if (font.isBareCff) {
+    stream.getDict().replaceKey("/Subtype", name("CIDFontType0C"));
+    return stream;
+  }
   stream.getDict().replaceKey("/Length1",
                               Object::newInteger(static_cast<long long>(font.fontFile.size())));
   return stream;
@@ -49,7 +54,7 @@ Object descriptorOf(QPDF& pdf, const PdfFont& font) {
   dictionary.replaceKey("/Descent", number(font.descent));
   dictionary.replaceKey("/CapHeight", number(font.capHeight));
   dictionary.replaceKey("/StemV", number(font.stemV));
-  dictionary.replaceKey("/FontFile2", fontFileOf(pdf, font));
+  dictionary.replaceKey(font.isBareCff ? "/FontFile3" : "/FontFile2", fontFileOf(pdf, font));
   return pdf.makeIndirectObject(dictionary);
 }
 
@@ -58,14 +63,14 @@ Object widthsOf(const PdfFont& font) {
   Object array = Object::newArray();
   Object row;
   int next = -1;
-  for (const auto& [gid, width] : font.widths) {
-    if (gid != next) {
+  for (const auto& [cid, width] : font.widths) {
+    if (cid != next) {
       if (next >= 0) array.appendItem(row);
-      array.appendItem(Object::newInteger(gid));
+      array.appendItem(Object::newInteger(cid));
       row = Object::newArray();
     }
     row.appendItem(number(width));
-    next = gid + 1;
+    next = cid + 1;
   }
   if (next >= 0) array.appendItem(row);
   return array;
@@ -82,10 +87,10 @@ Object identityCollection() {
 Object descendantOf(QPDF& pdf, const PdfFont& font) {
   Object dictionary = Object::newDictionary();
   dictionary.replaceKey("/Type", name("Font"));
-  dictionary.replaceKey("/Subtype", name("CIDFontType2"));
+  dictionary.replaceKey("/Subtype", name(font.isBareCff ? "CIDFontType0" : "CIDFontType2"));
   dictionary.replaceKey("/BaseFont", name(font.baseFont));
   dictionary.replaceKey("/CIDSystemInfo", identityCollection());
-  dictionary.replaceKey("/CIDToGIDMap", name("Identity"));
+  if (!font.isBareCff) dictionary.replaceKey("/CIDToGIDMap", name("Identity"));
   dictionary.replaceKey("/W", widthsOf(font));
   dictionary.replaceKey("/FontDescriptor", descriptorOf(pdf, font));
   return pdf.makeIndirectObject(dictionary);

@@ -41,8 +41,8 @@ std::string utf16Hex(const icu::UnicodeString& text) {
 
 std::string toUnicodeMap(const std::map<unsigned short, icu::UnicodeString>& texts) {
   std::vector<std::string> rows;
-  for (const auto& [gid, text] : texts) {
-    if (!text.isEmpty()) rows.push_back(fmt::format("<{:04X}> <{}>\n", gid, utf16Hex(text)));
+  for (const auto& [code, text] : texts) {
+    if (!text.isEmpty()) rows.push_back(fmt::format("<{:04X}> <{}>\n", code, utf16Hex(text)));
   }
   std::string map = kHead;
   for (std::size_t i = 0; i < rows.size(); i += kBlock) {

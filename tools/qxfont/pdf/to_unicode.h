@@ -7,7 +7,7 @@
 
 namespace qxfont {
 
-/// The CMap that tells a reader of the document which characters a glyph stands for (ISO 32000-1,
+/// The CMap that tells a reader of the document which characters a code stands for (ISO 32000-1,
 /// 9.10.3), so that text can be copied and searched. Glyphs without characters are left out.
 std::string toUnicodeMap(const std::map<unsigned short, icu::UnicodeString>& texts);
 

@@ -17,10 +17,10 @@ bool isSameFace(const fs::FS_FontInfo& a, const fs::FS_FontInfo& b) {
 }
 
 void requireEmbeddable(const fs::FS_FontInfo& font) {
-  if (formOf("sfnt").serves(font) && font.canEmbedFont()) return;
-  throw ToolError(Status::wrongCall,
-                  fmt::format("{} has no TrueType outlines: no text can be set in it",
-                              utf8(font.getFontFileName().getLocalPath(true))));
+  const bool hasForm = formOf("sfnt").serves(font) || formOf("cff").serves(font);
+  if (hasForm && font.canEmbedFont()) return;
+  throw ToolError(Status::wrongCall, fmt::format("{} has no outlines: no text can be set in it",
+                                                 utf8(font.getFontFileName().getLocalPath(true))));
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ UsedGlyphs& ofFace(std::vector<UsedGlyphs>& all, std::size_t face) {
   const auto found =
       std::find_if(all.begin(), all.end(), [&](const UsedGlyphs& one) { return one.face == face; });
   if (found != all.end()) return *found;
-  all.push_back({face, {}});
+  all.push_back({face, {}, {}});
   return all.back();
 }
 
@@ -19,6 +19,11 @@ std::vector<unsigned short> UsedGlyphs::gids() const {
   std::vector<unsigned short> ids;
   for (const auto& [gid, text] : texts) ids.push_back(gid);
   return ids;
+}
+
+unsigned short UsedGlyphs::codeOf(unsigned short gid) const {
+  const auto found = codes.find(gid);
+  return found != codes.end() ? found->second : gid;
 }
 
 std::vector<UsedGlyphs> usedGlyphs(const std::vector<Page>& pages) {

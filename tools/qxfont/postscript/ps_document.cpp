@@ -1,0 +1,50 @@
+#include "qxfont/postscript/ps_document.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+
+#include "qxfont/pdf/pdf_number.h"
+
+namespace qxfont {
+namespace {
+
+std::string header(const PsDocument& document) {
+  std::string text = "%!PS-Adobe-3.0\n";
+  text += fmt::format("%%Creator: {}\n%%LanguageLevel: 3\n", document.creator);
+  text += fmt::format("%%BoundingBox: 0 0 {} {}\n", std::ceil(document.width),
+                      std::ceil(document.height));
+  text += fmt::format("%%Pages: {}\n", document.pages.size());
+  for (std::size_t i = 0; i < document.fonts.size(); ++i) {
+    text += fmt::format("{} CIDFont {}\n", i == 0 ? "%%DocumentSuppliedResources:" : "%%+",
+                        document.fonts[i].name);
+  }
+  return text + "%%EndComments\n";
+}
+
+/// The font, and under its short name the one that shows CIDs as two bytes each.
+std::string resource(const PsFont& font, std::size_t index) {
+  return fmt::format(
+      "%%BeginResource: CIDFont {0}\n{1}%%EndResource\n"
+      "/F{2} /Identity-H [/{0}] composefont pop\n",
+      font.name, font.resource, index);
+}
+
+std::string setup(const PsDocument& document) {
+  std::string text = "%%BeginProlog\n%%EndProlog\n%%BeginSetup\n";
+  for (std::size_t i = 0; i < document.fonts.size(); ++i) text += resource(document.fonts[i], i);
+  text += fmt::format("<< /PageSize [{} {}] >> setpagedevice\n", pdfNumber(document.width),
+                      pdfNumber(document.height));
+  return text + "%%EndSetup\n";
+}
+
+}  // namespace
+
+std::string psBytes(const PsDocument& document) {
+  std::string text = header(document) + setup(document);
+  for (std::size_t i = 0; i < document.pages.size(); ++i)
+    text += fmt::format("%%Page: {0} {0}\n{1}showpage\n", i + 1, document.pages[i]);
+  return text + "%%Trailer\n%%EOF\n";
+}
+
+}  // namespace qxfont

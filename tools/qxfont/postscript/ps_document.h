@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "qxfontservice/font_info.h"
+
+#include "qxfont/typeset/page.h"
+#include "qxfont/typeset/used_glyphs.h"
+
+namespace qxfont {
+
+/// A font as it goes into a PostScript document.
+struct PsFont {
+  std::string name;      ///< of the CIDFont
+  std::string resource;  ///< PostScript that defines it
+};
+
+/// A document, ready to be written.
+struct PsDocument {
+  double width = 0;  ///< of the pages, in points
+  double height = 0;
+  std::vector<std::string> pages;  ///< font i is /Fi in them
+  std::vector<PsFont> fonts;
+  std::string creator;
+};
+
+/// Makes the part of a font that pages use ready for a document, and gives its glyphs the CIDs that
+/// they have in it. Blank glyphs get none.
+/// @throws ToolError `badFont` as `cidPostScript`, `wrongCall` for a font without `CFF `.
+PsFont psFont(const QXFontService_NS::FS_FontInfo& font, UsedGlyphs& used);
+
+/// What a page shows. Text is shown glyph by glyph where it is not set as wide as the font says.
+std::string psPage(const Page& page, const std::vector<UsedGlyphs>& fonts);
+
+/// The document (PostScript Language Reference, third edition; document structuring conventions
+/// 3.0): the same document gives the same bytes.
+std::string psBytes(const PsDocument& document);
+
+}  // namespace qxfont
