@@ -640,7 +640,9 @@ class EmbedTest(QxfontTest):
 
     def test_a_form_that_the_font_does_not_have_names_those_it_has(self):
         result = self.embed(LATO_REGULAR, "cff", "out", "--text", "a", status=WRONG_CALL)
-        self.assertIn("hint: forms: sfnt", result.err)
+        self.assertIn("hint: it has: sfnt, sfnt-cmap, ", result.err)
+        result = self.embed(LATO_REGULAR, "nope", "out", "--text", "a", status=WRONG_CALL)
+        self.assertIn("hint: forms: sfnt, sfnt-cmap, ", result.err)
 
     def test_a_glyph_that_the_font_does_not_have(self):
         self.embed(LATO_REGULAR, "sfnt", "out", "--gids", "65000", status=WRONG_CALL)

@@ -65,7 +65,7 @@ TEST(PsBytes, areAStructuredDocument) {
   document.width = 100.5;
   document.height = 200;
   document.creator = "test";
-  document.fonts = {{"A", "define A\n"}, {"B", "define B\n"}};
+  document.fonts = {{"A", "define A\n", 1}, {"B", "define B\n", 15.625}};
   document.pages = {"one\n", "two\n"};
   EXPECT_EQ(psBytes(document),
             "%!PS-Adobe-3.0\n"
@@ -86,7 +86,7 @@ TEST(PsBytes, areAStructuredDocument) {
             "%%BeginResource: CIDFont B\n"
             "define B\n"
             "%%EndResource\n"
-            "/F1 /Identity-H [/B] composefont pop\n"
+            "/F1 /Identity-H [/B] composefont 15.625 scalefont /F1 exch definefont pop\n"
             "<< /PageSize [100.5 200] >> setpagedevice\n"
             "%%EndSetup\n"
             "%%Page: 1 1\n"

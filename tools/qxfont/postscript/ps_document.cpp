@@ -24,10 +24,13 @@ std::string header(const PsDocument& document) {
 
 /// The font, and under its short name the one that shows CIDs as two bytes each.
 std::string resource(const PsFont& font, std::size_t index) {
+  const std::string scaling = font.scale == 1 ? "pop"
+                                              : fmt::format("{} scalefont /F{} exch definefont pop",
+                                                            pdfNumber(font.scale), index);
   return fmt::format(
       "%%BeginResource: CIDFont {0}\n{1}%%EndResource\n"
-      "/F{2} /Identity-H [/{0}] composefont pop\n",
-      font.name, font.resource, index);
+      "/F{2} /Identity-H [/{0}] composefont {3}\n",
+      font.name, font.resource, index, scaling);
 }
 
 std::string setup(const PsDocument& document) {

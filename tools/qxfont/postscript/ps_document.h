@@ -14,6 +14,7 @@ namespace qxfont {
 struct PsFont {
   std::string name;      ///< of the CIDFont
   std::string resource;  ///< PostScript that defines it
+  double scale = 1;      ///< what makes its em as large as a size says
 };
 
 /// A document, ready to be written.

@@ -1,5 +1,10 @@
 #include <fmt/format.h>
 
+#include <cmath>
+#include <cstdlib>
+#include <string_view>
+#include <utility>
+
 #include "qxfont/cli/status.h"
 #include "qxfont/cli/text.h"
 #include "qxfont/embed/cid_post_script.h"
@@ -7,6 +12,21 @@
 #include "qxfont/postscript/ps_document.h"
 
 namespace qxfont {
+namespace {
+
+/// A CID-keyed font may have its matrix in each Font DICT, where the resource, which has one for
+/// all of them, takes none from.
+double scaleOf(const QXFontService_NS::FS_FontInfo& font, const std::string& resource) {
+  constexpr std::string_view kMatrix = "/FontMatrix [";
+  const std::size_t at = resource.find(kMatrix);
+  const double unit = at != std::string::npos ? std::atof(&resource[at + kMatrix.size()]) : 0;
+  if (unit <= 0 || font.getUnitsPerEm() <= 0) return 1;
+  const double em = unit * font.getUnitsPerEm();
+  constexpr double kRounding = 0.001;
+  return std::fabs(em - 1) < kRounding ? 1 : 1 / em;
+}
+
+}  // namespace
 
 PsFont psFont(const QXFontService_NS::FS_FontInfo& font, UsedGlyphs& used) {
   if (!formOf("cid-ps").serves(font)) {
@@ -19,7 +39,8 @@ PsFont psFont(const QXFontService_NS::FS_FontInfo& font, UsedGlyphs& used) {
   used.codes = {{0, 0}};
   for (std::size_t i = 0; i < resource.glyphs.size(); ++i)
     used.codes.emplace(resource.glyphs[i], static_cast<unsigned short>(i + 1));
-  return {std::move(resource.name), std::move(resource.text)};
+  const double scale = scaleOf(font, resource.text);
+  return {std::move(resource.name), std::move(resource.text), scale};
 }
 
 }  // namespace qxfont
