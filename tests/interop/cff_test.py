@@ -550,13 +550,13 @@ class PostScriptTest(CffTest):
                 shown = self.picture(head, [f"0 0 moveto <{row['id']:04x}> show" for row in rows])
                 traced = self.picture(head, [f"0 0 moveto <{row['id']:04x}> false charpath fill"
                                              for row in rows])
-                filled = self.picture("", [f"{unit} dup scale " + path_of(opened(font), row["glyph"])
-                                           for row in rows])
+                paths = [f"{unit} dup scale " + path_of(opened(font), row["glyph"])
+                         for row in rows]
+                filled = self.picture("", paths)
                 self.assertGreater(filled.ink(), 255 * 2000)
                 self.assertLess(traced.apart(filled), 0.05)
                 self.assertLess(shown.apart(filled), 0.15)  # it is hinted
-                shifted = self.picture("1 0 translate", [
-                    f"{unit} dup scale " + path_of(opened(font), row["glyph"]) for row in rows])
+                shifted = self.picture("1 0 translate", paths)
                 self.assertGreater(shifted.apart(filled), 0.2)
 
     SIZE = 60
