@@ -24,6 +24,11 @@ using Info = FS_TrueTypeInfo;
 
 }  // namespace
 
+const FS_TrueTypeInfo* SfntFont::recordOf(FS_BaseFont& font, int entry) {
+  const auto* sfnt = dynamic_cast<const SfntFont*>(font.getExtraBaseFont());
+  return sfnt != nullptr ? sfnt->record(entry) : nullptr;
+}
+
 bool SfntFont::isTrueTypeOrCID(int entry) const {
   return record(entry) != nullptr;
 }

@@ -111,6 +111,10 @@ class SfntFont : public FS_BaseFont {
   FS_FontRef getEudcFont(int entry) const override;
   unsigned short getEudcGlyphID(int code, int entry) const override;
 
+  /// The record of the face of a font over sfnt data, also where `getTrueTypeInfo` tells none: of a
+  /// suitcase's member, and of the font inside a web font. Null for other fonts and faces.
+  static const FS_TrueTypeInfo* recordOf(FS_BaseFont& font, int entry);
+
  protected:
   /// The record of an entry, or null.
   [[nodiscard]] virtual FS_TrueTypeInfo* record(int entry) const = 0;

@@ -1,7 +1,6 @@
 #include "qxfontservice/ext/inspect.h"
 
-#include "font/contract/base_font.h"
-#include "font/sfnt/true_type_info.h"
+#include "font/sfnt_font.h"
 #include "service/boundary.h"
 
 namespace QXFontService_NS::ext {
@@ -10,7 +9,7 @@ namespace {
 /// The record of the face, or null where the kind of font has none.
 const FS_TrueTypeInfo* recordOf(const FS_FontInfo& font) {
   FS_BaseFont* base = font.getFont();
-  return base != nullptr ? base->getTrueTypeInfo(font.getEntry()) : nullptr;
+  return base != nullptr ? SfntFont::recordOf(*base, font.getEntry()) : nullptr;
 }
 
 std::vector<int> languagesOf(const FS_TrueTypeInfo& record) {

@@ -8,6 +8,7 @@
 #include "qxfontservice/ext/open_file.h"
 
 #include "pool/registry/registry_fixture.h"
+#include "support/dfont_builder.h"
 #include "support/name_builder.h"
 
 namespace QXFontService_NS::ext {
@@ -53,6 +54,14 @@ TEST_F(Inspect, LanguagesOfMacintoshRecordsAreMacintoshCodes) {
 
 TEST_F(Inspect, GlyphsAreCountedByMaxp) {
   open(qxtest::sampleFont().build());
+  EXPECT_EQ(glyphCount(font), 4U);
+}
+
+TEST_F(Inspect, AMemberOfASuitcaseIsToldThoughTheInterfaceTellsNoRecordOfIt) {
+  world.file("/x/a.dfont",
+             qxtest::DfontBuilder().resource("sfnt", qxtest::sampleFont().build()).build());
+  ASSERT_TRUE(openFontFile(QXUri(u"/x/a.dfont", QXCommonNS::URISTR_USER), 0, font));
+  EXPECT_THAT(nameLanguages(font), ElementsAre(0x409));
   EXPECT_EQ(glyphCount(font), 4U);
 }
 

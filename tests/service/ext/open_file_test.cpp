@@ -4,13 +4,22 @@
 
 #include <string>
 
+#include "qxfontservice/glyph_draw_info.h"
+
 #include "pool/registry/registry_fixture.h"
+#include "support/dfont_builder.h"
 #include "support/truncation.h"
+#include "support/ttc_builder.h"
 
 namespace QXFontService_NS::ext {
 namespace {
 
 using qxtest::namedFont;
+using qxtest::SfntBuilder;
+
+SfntBuilder fontNamed(std::u16string_view family) {
+  return qxtest::sampleFont().table("name", qxtest::NameBuilder().latin(family).build());
+}
 
 class OpenFontFile : public qxtest::RegistryTest {
  protected:
@@ -62,6 +71,27 @@ TEST_F(OpenFontFile, SaysWhyNot) {
   EXPECT_FALSE(open(u"/x/nocmap.ttf"));
   EXPECT_EQ(message(), "Font file error: 'cmap' table not found\n/x/nocmap.ttf");
   EXPECT_FALSE(font.isCreatedFont());
+}
+
+TEST_F(OpenFontFile, AFileWithMoreFontsIsOpenedByMember) {
+  const SfntBuilder one = fontNamed(u"One");
+  const SfntBuilder two = fontNamed(u"Two");
+  const std::string collection = qxtest::TtcBuilder().member(one).member(two).build();
+  const std::string suitcase =
+      qxtest::DfontBuilder().resource("sfnt", one.build()).resource("sfnt", two.build()).build();
+  world.file("/x/a.ttc", collection).file("/x/a", collection);
+  world.file("/x/b.dfont", suitcase).file("/x/b", suitcase);
+  for (const char16_t* path : {u"/x/a.ttc", u"/x/a", u"/x/b.dfont", u"/x/b"}) {
+    ASSERT_TRUE(open(path, 1)) << message();
+    EXPECT_EQ(font.getFamilyName(QXLang::LANGID_DEFAULT), icu::UnicodeString("Two"));
+    EXPECT_EQ(font.getGlyphID('A', false), 2);
+    EXPECT_EQ(font.getEntry(), 1);
+    FS_GlyphDrawInfo drawn;
+    EXPECT_TRUE(font.getGlyphDrawInfo(2, drawn, false));
+    font.deleteFont();
+    EXPECT_FALSE(open(path, 2));
+  }
+  EXPECT_EQ(world.openStreams(), 0u);
 }
 
 TEST_F(OpenFontFile, EveryCutIsAnswered) {
