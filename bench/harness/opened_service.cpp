@@ -13,7 +13,11 @@ namespace {
 
 constexpr const char* kVariable = "QX_BENCH_FONT_CONFIG";
 
+/// Once for a folder: writing a file is no part of opening the service.
 void writeConfiguration(const std::string& path, const std::string& fontFolder) {
+  static std::string written;
+  if (written == path + fontFolder) return;
+  written = path + fontFolder;
   std::ofstream file(path);
   file << "<font-config windows-registry=\"disable\"><font-folder path=\"" << fontFolder
        << "\"/></font-config>\n";

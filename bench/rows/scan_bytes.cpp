@@ -19,30 +19,21 @@ const std::map<std::string, std::uint32_t>& tablesRead() {
   return all;
 }
 
-/// `vmtx` is part of the style where the font says that it has vertical metrics.
-std::uint64_t bytesOfVmtx(ByteView file, const std::vector<SfntTable>& tables) {
-  for (const SfntTable& table : tables) {
-    if (table.tag == "vhea") return 4ULL * file.u16(table.offset + 34ULL);
-  }
-  return 0;
-}
-
-std::uint64_t bytesNeeded(ByteView file, const std::vector<SfntTable>& tables) {
+std::uint64_t bytesNeeded(const std::vector<SfntTable>& tables) {
   std::uint64_t bytes = 12 + 16 * tables.size();
   for (const SfntTable& table : tables) {
     const auto read = tablesRead().find(table.tag);
     if (read == tablesRead().end()) continue;
     bytes += read->second == 0 ? table.length : std::min(read->second, table.length);
   }
-  return bytes + bytesOfVmtx(file, tables);
+  return bytes;
 }
 
 std::uint64_t bytesNeeded(const FontSets::Set& set) {
   std::uint64_t bytes = 0;
   for (const std::string& path : set.files) {
     const std::string content = contentOf(path);
-    for (const auto& tables : sfntDirectories(viewOf(content)))
-      bytes += bytesNeeded(viewOf(content), tables);
+    for (const auto& tables : sfntDirectories(viewOf(content))) bytes += bytesNeeded(tables);
   }
   return bytes;
 }
