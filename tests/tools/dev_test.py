@@ -11,7 +11,8 @@ import unittest
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 
 # What is marked essential in Debian, and so is there before any setup.
-ESSENTIAL = ("awk", "bash", "cat", "dirname", "env", "mkdir", "nproc", "sed", "tail")
+ESSENTIAL = ("awk", "bash", "cat", "dirname", "env", "mkdir", "nproc", "rm", "sed",
+             "tail")
 
 
 class DevTest(unittest.TestCase):
@@ -30,6 +31,8 @@ class DevTest(unittest.TestCase):
         self.stand_in("apt-get", f'echo "apt-get $* [${{DEBIAN_FRONTEND:-}}]" >>"{self.log}"')
         self.have()
         self.user(0)
+        os.makedirs(os.path.join(self.root, "build/fonts"))
+        open(os.path.join(self.root, "build/fonts/complete"), "w").close()
 
     def stand_in(self, name, script):
         path = os.path.join(self.root, "bin", name)
@@ -151,6 +154,17 @@ class SetupTest(DevTest):
         everything = set(self.packages("all"))
         for group in ("test", "bench"):
             self.assertLess(set(self.packages(group)), everything)
+
+    def test_the_fonts_of_the_bench_are_fetched_when_they_are_not_there(self):
+        self.have(*self.packages("all"))
+        os.remove(os.path.join(self.root, "build/fonts/complete"))
+        self.stand_in("apt-get", f'echo "apt-get $*" >>"{self.log}"; exit 1')
+        self.assertEqual(self.dev("setup", "test").returncode, 0)
+        self.assertEqual(self.calls(), [])
+        done = self.dev("setup", "bench")
+        self.assertNotEqual(done.returncode, 0)
+        self.assertIn("the fonts could not be fetched: apt-get download fonts-noto", done.stderr)
+        self.assertEqual(len(self.calls()), 1)
 
     def test_unknown_group(self):
         self.assertEqual(self.dev("setup", "toast").returncode, 2)

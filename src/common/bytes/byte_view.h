@@ -82,6 +82,14 @@ class ByteView {
     const std::uint64_t left = bytes_.size() - offset;
     return ByteView(bytes_.subspan(offset, count < left ? count : left));
   }
+  /// Decodes the words from the start into `out`, without a check a word: their number is held
+  /// against the view first. What does not fit is 0.
+  constexpr void words(std::span<char16_t> out) const {
+    const std::size_t whole = out.size() < size() / 2 ? out.size() : size() / 2;
+    for (std::size_t i = 0; i < whole; ++i) out[i] = wordAt(2 * i);
+    for (std::size_t i = whole; i < out.size(); ++i) out[i] = 0;
+  }
+
   /// The bytes from `offset` to the end; empty from the end on.
   [[nodiscard]] constexpr ByteView from(std::uint64_t offset) const {
     return slice(offset, bytes_.size());

@@ -12,6 +12,14 @@ namespace {
 
 constexpr std::size_t kWindow = 4096;
 
+/// What a read from the start of a source asks for: signature, directory and the small tables
+/// that font files put behind it come with one call.
+constexpr std::size_t kHead = 576;
+
+/// What a large read counts for the reads behind it. A whole table was asked for, which says
+/// little of what comes next.
+constexpr std::size_t kMostOfLargeRead = 64;
+
 }  // namespace
 
 SourceStreamBuf::SourceStreamBuf(std::unique_ptr<RandomSource> source)
@@ -22,6 +30,7 @@ std::uint64_t SourceStreamBuf::position() const {
 }
 
 std::size_t SourceStreamBuf::ahead() const {
+  if (position() == 0) return kHead;
   return static_cast<std::size_t>(std::min<std::uint64_t>(run_, kWindow));
 }
 
@@ -76,7 +85,9 @@ std::streamsize SourceStreamBuf::xsgetn(char* out, std::streamsize count) {
     fillWindow(left);
     taken += takeFromWindow(out + taken, left);
   } else {
+    const std::uint64_t before = run_;
     const std::size_t came = readHere({out + taken, left});
+    run_ = before + std::min(came, kMostOfLargeRead);
     start_ = position() + came;
     setg(nullptr, nullptr, nullptr);
     taken += came;

@@ -21,9 +21,10 @@ class RandomSource {
 
 /// Reads a `RandomSource` with few calls and few bytes.
 ///
-/// A read behind a seek asks for its own bytes only. Reading on from there asks for as much again
-/// as was read since the seek, up to 4 KiB: small fields in a row cost few calls, and never more
-/// than twice their bytes are asked for.
+/// A read behind a seek asks for its own bytes only, at the start of the source for 576 bytes.
+/// Reading on from there asks for as much again as was read since the seek, up to 4 KiB: small
+/// fields in a row cost few calls, and never more than twice their bytes are asked for. Of a read
+/// that is larger than that, 64 bytes count.
 class SourceStreamBuf final : public std::streambuf {
  public:
   explicit SourceStreamBuf(std::unique_ptr<RandomSource> source);

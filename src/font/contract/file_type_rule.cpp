@@ -7,6 +7,7 @@
 
 #include "common/bytes/byte_view.h"
 #include "common/bytes/stream_read.h"
+#include "common/text/root_case.h"
 
 namespace QXFontService_NS {
 namespace {
@@ -45,8 +46,7 @@ std::span<const FontFileExtension> fontFileExtensions() {
 }
 
 FS_FontFileType fontFileTypeOfExtension(const UnicodeString& extension) {
-  UnicodeString lower(extension);
-  lower.toLower(Locale::getRoot());
+  const UnicodeString lower = QXCommonNS::lowerCase(extension);
   const std::u16string_view key(lower.getBuffer(), static_cast<std::size_t>(lower.length()));
   for (const FontFileExtension& row : kExtensions)
     if (row.extension == key) return row.type;

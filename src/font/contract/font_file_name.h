@@ -2,6 +2,8 @@
 
 #include "qxfontservice/names.h"
 
+#include "common/text/root_case.h"
+
 namespace QXFontService_NS {
 
 /// The name of a font file as it is spelled, ordered and found by its lower-case form.
@@ -14,11 +16,7 @@ struct FS_FontFileName {
 
 /// The name with its key, lower-cased by the rules of no particular language.
 inline FS_FontFileName makeFontFileName(const UnicodeString& name) {
-  FS_FontFileName result;
-  result.name = name;
-  result.lowerName = name;
-  result.lowerName.toLower(Locale::getRoot());
-  return result;
+  return {QXCommonNS::lowerCase(name), name};
 }
 
 }  // namespace QXFontService_NS

@@ -1,5 +1,10 @@
 #include "font/contract/font_name_rules.h"
 
+#include <algorithm>
+#include <utility>
+
+#include "common/text/root_case.h"
+
 namespace QXFontService_NS {
 namespace {
 
@@ -24,15 +29,18 @@ int lightWeight(const UnicodeString& text) {
 }  // namespace
 
 UnicodeString normalizeFontName(const UnicodeString& name) {
+  const int32_t length = name.length();
+  const char16_t* units = name.getBuffer();
   UnicodeString kept;
-  for (int32_t i = 0; i < name.length(); ++i)
-    if (!isDropped(name[i])) kept.append(name[i]);
-  return kept.toUpper(Locale::getRoot());
+  char16_t* out = kept.getBuffer(length);
+  if (units == nullptr || out == nullptr) return UnicodeString();
+  const char16_t* end = std::remove_copy_if(units, units + length, out, isDropped);
+  kept.releaseBuffer(static_cast<int32_t>(end - out));
+  return QXCommonNS::upperCase(std::move(kept));
 }
 
 int weightFromName(const UnicodeString& text) {
-  UnicodeString lower(text);
-  lower.toLower(Locale::getRoot());
+  const UnicodeString lower = QXCommonNS::lowerCase(text);
   if (contains(lower, u"thin")) return 100;
   if (contains(lower, u"light")) return lightWeight(lower);
   if (contains(lower, u"medium")) return 500;

@@ -19,17 +19,27 @@ std::vector<TableRecord> decodeAll(ByteView view) {
   return records;
 }
 
+/// Whether the tags rise from record to record, as the format asks and nearly all fonts do.
+bool areInOrder(const std::vector<TableRecord>& records) {
+  const auto doesNotRise = [](const TableRecord& a, const TableRecord& b) {
+    return a.tag >= b.tag;
+  };
+  return std::adjacent_find(records.begin(), records.end(), doesNotRise) == records.end();
+}
+
 /// Indices of `records` by rising tag, those of equal tags in file order.
 std::vector<std::uint16_t> orderByTag(const std::vector<TableRecord>& records) {
   std::vector<std::uint16_t> order(records.size());
   std::iota(order.begin(), order.end(), std::uint16_t{0});
+  if (areInOrder(records)) return order;
   std::stable_sort(order.begin(), order.end(), [&](std::uint16_t a, std::uint16_t b) {
     return records[a].tag < records[b].tag;
   });
   return order;
 }
 
-std::vector<TableRecord> firstOfEachTag(const std::vector<TableRecord>& records) {
+std::vector<TableRecord> firstOfEachTag(std::vector<TableRecord> records) {
+  if (areInOrder(records)) return records;
   std::vector<std::uint16_t> kept = orderByTag(records);
   const auto sameTag = [&](std::uint16_t a, std::uint16_t b) {
     return records[a].tag == records[b].tag;

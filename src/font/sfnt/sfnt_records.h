@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 #include "embed/table_directory_image.h"
 #include "font/directory/table_directory.h"
 #include "font/names/font_names.h"
@@ -10,7 +8,6 @@
 #include "font/sfnt/os2.h"
 #include "font/sfnt/post.h"
 #include "font/sfnt/vhea.h"
-#include "font/sfnt/vmtx.h"
 
 namespace QXFontService_NS::sfnt {
 
@@ -26,7 +23,6 @@ struct SfntRecords {
   Post post;
   Vhea vhea;
   std::uint16_t numOfLongVerMetrics = 0;
-  std::vector<VerticalMetric> verticalMetrics;
   FontNames names;
 
   bool hasOS2 = false;

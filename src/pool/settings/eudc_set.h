@@ -20,8 +20,12 @@ class EudcSet {
   void add(std::int64_t first, std::int64_t last) {
     const std::int64_t begin = first < 0 ? 0 : first;
     const std::int64_t end = last < kSize ? last : kSize - 1;
-    for (std::int64_t code = begin; code <= end; ++code) {
-      bits_[byteOf(static_cast<int>(code))] |= bitOf(static_cast<int>(code));
+    for (std::int64_t code = begin; code <= end;) {
+      std::uint8_t& byte = bits_[byteOf(static_cast<int>(code))];
+      const bool whole = code % 8 == 0 && code + 7 <= end;
+      byte = whole ? std::uint8_t{0xFF}
+                   : static_cast<std::uint8_t>(byte | bitOf(static_cast<int>(code)));
+      code += whole ? 8 : 1;
     }
   }
 

@@ -1,10 +1,10 @@
 #include "pool/system/folder_listing.h"
 
-#include <unicode/locid.h>
-
 #include <algorithm>
 #include <string>
 #include <utility>
+
+#include "common/text/root_case.h"
 
 namespace QXFontService_NS {
 namespace {
@@ -16,9 +16,7 @@ struct SortedEntry {
 
 SortedEntry prepared(const QXCommonNS::FolderEntry& entry) {
   const UnicodeString name = UnicodeString::fromUTF8(entry.name);
-  UnicodeString upper(name);
-  upper.toUpper(icu::Locale::getRoot());
-  return {upper, {fileNameOf(name), entry.kind, entry.hidden, entry.system}};
+  return {QXCommonNS::upperCase(name), {fileNameOf(name), entry.kind, entry.hidden, entry.system}};
 }
 
 bool comesFirst(const SortedEntry& a, const SortedEntry& b) {
@@ -34,9 +32,7 @@ UnicodeString ListedEntry::extension() const {
 }
 
 FS_FontFileName fileNameOf(const UnicodeString& name) {
-  UnicodeString lower(name);
-  lower.toLower(icu::Locale::getRoot());
-  return {lower, name};
+  return makeFontFileName(name);
 }
 
 std::vector<ListedEntry> listSorted(const FS_FontFolder& folder) {

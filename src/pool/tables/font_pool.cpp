@@ -1,9 +1,8 @@
 #include "pool/tables/font_pool.h"
 
-#include <unicode/locid.h>
-
 #include <string>
 
+#include "common/text/root_case.h"
 #include "font/contract/font_name_rules.h"
 #include "pool/tables/global_lock.h"
 
@@ -13,10 +12,6 @@ namespace {
 /// A style as tables hold it: 0 stands for the normal weight and stretch.
 FS_FontKey normalized(const FS_FontKey& key) {
   return makeFontKey(key.weight, key.italic != 0, key.stretch);
-}
-
-UnicodeString lowerCased(UnicodeString text) {
-  return text.toLower(icu::Locale::getRoot());
 }
 
 /// The PostScript name of a font, or its family where that name says nothing.
@@ -92,7 +87,7 @@ bool FS_FontPool::findFamily(const UnicodeString& name, FS_FontFamily*& out, boo
   auto found = familyTable_.find(normalizeFontName(name));
   if (found == familyTable_.end()) {
     if (fileTable_.empty()) return false;
-    found = fileTable_.find(lowerCased(name));
+    found = fileTable_.find(QXCommonNS::lowerCase(name));
     if (found == fileTable_.end()) return false;
     byFileName = true;
   }
@@ -102,7 +97,7 @@ bool FS_FontPool::findFamily(const UnicodeString& name, FS_FontFamily*& out, boo
 
 void FS_FontPool::addFileName(const QXUri& uri, const FS_FontRef& ref, const FS_FontKey& key) {
   if (uri.isEmpty() || uri.isDataScheme()) return;
-  const UnicodeString name = lowerCased(uri.getFileName());
+  const UnicodeString name = QXCommonNS::lowerCase(uri.getFileName());
   if (name.isEmpty()) return;
   fileTable_[name].insert({normalized(key), ref});
 }

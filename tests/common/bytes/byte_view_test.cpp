@@ -63,5 +63,20 @@ TEST(ByteView, SlicesAreClippedOrRefused) {
   EXPECT_FALSE(view.trySlice(3, 3).has_value());
 }
 
+TEST(ByteView, WordsAreDecodedUpToTheLastWholeOne) {
+  constexpr std::array<std::byte, 5> kBytes{std::byte{1}, std::byte{2}, std::byte{3}, std::byte{4},
+                                            std::byte{5}};
+  const ByteView view{std::span<const std::byte>(kBytes)};
+  std::array<char16_t, 3> three{9, 9, 9};
+  view.words(three);
+  EXPECT_EQ(three, (std::array<char16_t, 3>{0x0102, 0x0304, 0}));
+  std::array<char16_t, 1> one{9};
+  view.words(one);
+  EXPECT_EQ(one[0], 0x0102);
+  view.words({});
+  ByteView().words(one);
+  EXPECT_EQ(one[0], 0);
+}
+
 }  // namespace
 }  // namespace QXCommonNS::bytes

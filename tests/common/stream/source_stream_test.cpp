@@ -35,13 +35,31 @@ class SourceStreamTest : public testing::Test {
 };
 
 TEST_F(SourceStreamTest, AReadBehindASeekAsksForItsOwnBytesOnly) {
-  EXPECT_EQ(read(0, 12), bytes_.substr(0, 12));
-  EXPECT_EQ(readOn(320), bytes_.substr(12, 320));
   EXPECT_EQ(read(5000, 54), bytes_.substr(5000, 54));
   EXPECT_EQ(read(19000, 36), bytes_.substr(19000, 36));
   EXPECT_EQ(read(100, 9000), bytes_.substr(100, 9000));
-  EXPECT_EQ(world_.counts().reads, 5u);
-  EXPECT_EQ(world_.counts().bytesRead, 12u + 320 + 54 + 36 + 9000);
+  EXPECT_EQ(world_.counts().reads, 3u);
+  EXPECT_EQ(world_.counts().bytesRead, 54u + 36 + 9000);
+}
+
+TEST_F(SourceStreamTest, SignatureAndDirectoryComeWithOneCall) {
+  EXPECT_EQ(read(0, 4), bytes_.substr(0, 4));
+  EXPECT_EQ(read(0, 12), bytes_.substr(0, 12));
+  EXPECT_EQ(readOn(320), bytes_.substr(12, 320));
+  EXPECT_EQ(read(332, 54), bytes_.substr(332, 54));
+  EXPECT_EQ(world_.counts().reads, 1u);
+  EXPECT_EQ(world_.counts().bytesRead, 576u);
+}
+
+TEST_F(SourceStreamTest, AReadLargerThanTheHeadIsNotWidened) {
+  EXPECT_EQ(read(0, 600), bytes_.substr(0, 600));
+  EXPECT_EQ(world_.counts().bytesRead, 600u);
+}
+
+TEST_F(SourceStreamTest, ASmallTableBehindALargeOneAsksForLittleMore) {
+  EXPECT_EQ(read(4000, 3000), bytes_.substr(4000, 3000));
+  EXPECT_EQ(read(7000, 32), bytes_.substr(7000, 32));
+  EXPECT_EQ(world_.counts().bytesRead, 3000u + 64);
 }
 
 TEST_F(SourceStreamTest, SmallFieldsInARowCostFewCallsAndAtMostTwiceTheirBytes) {

@@ -4,7 +4,6 @@
 #include "font/sfnt/hhea.h"
 #include "font/sfnt/post.h"
 #include "font/sfnt/vhea.h"
-#include "font/sfnt/vmtx.h"
 #include "support/table_builders.h"
 
 namespace QXFontService_NS::sfnt {
@@ -59,17 +58,6 @@ TEST(Vhea, DecodesItsFields) {
   EXPECT_EQ(vhea.vertDescender, -500);
   EXPECT_EQ(vhea.vertLineGap, 7);
   EXPECT_EQ(Vhea::numOfLongVerMetrics(viewOf(bytes)), 3);
-}
-
-TEST(Vmtx, DecodesPairs) {
-  const std::string bytes =
-      qxtest::MetricsBuilder{.metrics = {{1000, -7}, {65535, 8}}, .bearings = {}}.build();
-  const auto metrics = decodeVmtx(viewOf(bytes));
-  ASSERT_EQ(metrics.size(), 2u);
-  EXPECT_EQ(metrics[0].advanceHeight, 1000);
-  EXPECT_EQ(metrics[0].topSideBearing, -7);
-  EXPECT_EQ(metrics[1].advanceHeight, 65535);
-  EXPECT_TRUE(decodeVmtx({}).empty());
 }
 
 TEST(Post, KeepsTheAngleAsItsRawNumber) {
