@@ -28,7 +28,6 @@ std::uint64_t bytesOf(const FontNames& names) {
 std::uint64_t bytesOf(const FS_TrueTypeInfo& member) {
   const sfnt::SfntRecords& records = member.records();
   return sizeof(member) + bytesOf(records.names) +
-         records.verticalMetrics.size() * sizeof(sfnt::VerticalMetric) +
          records.directory.size() * sizeof(sfnt::TableRecord) +
          records.image.records().size() * FS_TableDirectoryImage::kRecordSize;
 }
