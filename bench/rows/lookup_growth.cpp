@@ -53,7 +53,7 @@ void put16(std::string& bytes, std::size_t at, unsigned value) {
 /// Copies of one font that differ in weight and width: a family of `faces` faces.
 FontSets::Set family(const Bench& bench, std::size_t faces) {
   constexpr std::size_t kWidths = 9;
-  std::string bytes = contentOf(bench.fonts().every(18).files.front());
+  std::string bytes = contentOf(bench.fonts().file("DejaVuSansMono.ttf"));
   const std::size_t os2 = static_cast<std::size_t>(tableOf(bytes, "OS/2").data() - bytes.data());
   FontSets::Set set{bench.fonts().scratch() + "/family-" + std::to_string(faces), {}};
   std::filesystem::create_directories(set.folder);

@@ -63,16 +63,8 @@ void scanMany(Bench& bench) {
   compare(bench, "scan, warm, " + countOf(set) + " fonts", set, {5, 8, 1.5, 2.5});
 }
 
-/// Collections are not read yet.
-void leaveOutCollections(FontSets::Set& set) {
-  for (auto file = set.files.begin(); file != set.files.end();) {
-    file = file->ends_with(".ttc") ? set.files.erase(file) : file + 1;
-  }
-}
-
 void scanCjk(Bench& bench) {
-  FontSets::Set set = bench.fonts().cjk();
-  leaveOutCollections(set);
+  const FontSets::Set set = bench.fonts().cjk();
   if (set.files.empty()) {
     bench.leaveOut("scan, warm, CJK files", "./dev setup bench fetches the fonts");
     return;

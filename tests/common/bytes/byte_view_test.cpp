@@ -64,9 +64,9 @@ TEST(ByteView, SlicesAreClippedOrRefused) {
 }
 
 TEST(ByteView, WordsAreDecodedUpToTheLastWholeOne) {
-  constexpr std::array<std::byte, 5> kBytes{std::byte{1}, std::byte{2}, std::byte{3}, std::byte{4},
-                                            std::byte{5}};
-  const ByteView view{std::span<const std::byte>(kBytes)};
+  constexpr std::array<std::byte, 5> kFive{std::byte{1}, std::byte{2}, std::byte{3}, std::byte{4},
+                                           std::byte{5}};
+  const ByteView view{std::span<const std::byte>(kFive)};
   std::array<char16_t, 3> three{9, 9, 9};
   view.words(three);
   EXPECT_EQ(three, (std::array<char16_t, 3>{0x0102, 0x0304, 0}));
