@@ -17,6 +17,7 @@
 #include "support/kern_builder.h"
 #include "support/name_builder.h"
 #include "support/sample_font.h"
+#include "support/sample_open_type.h"
 #include "support/table_builders.h"
 
 namespace QXFontService_NS::ext {
@@ -92,6 +93,15 @@ TEST_F(Inspect, LanguagesOfMacintoshRecordsAreMacintoshCodes) {
 TEST_F(Inspect, GlyphsAreCountedByMaxp) {
   open(qxtest::sampleFont().build());
   EXPECT_EQ(glyphCount(font), 4U);
+}
+
+TEST_F(Inspect, OutlinesInCffAreFoundWhateverTheFileIsCalled) {
+  open(qxtest::sampleFont().build());
+  EXPECT_FALSE(hasCffOutlines(font));
+  font.deleteFont();
+  open(qxtest::sampleOpenType(qxtest::sampleCff()).version(qxtest::SfntBuilder::kTrueType).build());
+  EXPECT_TRUE(hasCffOutlines(font));
+  EXPECT_EQ(font.getFontFileType(), FS_FILETYPE_TRUETYPE);
 }
 
 TEST_F(Inspect, TheCharacterMapIsThatOfTheQueries) {
@@ -193,6 +203,7 @@ TEST_F(Inspect, AnEmptyHandleHasNothing) {
   const FS_FontInfo empty;
   EXPECT_THAT(nameLanguages(empty), IsEmpty());
   EXPECT_EQ(glyphCount(empty), 0U);
+  EXPECT_FALSE(hasCffOutlines(empty));
   EXPECT_THAT(characterMap(empty), IsEmpty());
   EXPECT_THAT(advances(empty), IsEmpty());
   EXPECT_THAT(kernPairs(empty, false), IsEmpty());
