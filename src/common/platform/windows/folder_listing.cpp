@@ -39,6 +39,11 @@ FolderEntry entryOf(const WIN32_FIND_DATAW& data) {
           (attributes & FILE_ATTRIBUTE_HIDDEN) != 0, (attributes & FILE_ATTRIBUTE_SYSTEM) != 0};
 }
 
+// A name that is not UTF-16 could not be opened again: half a surrogate pair comes back as U+FFFD.
+bool isListed(std::wstring_view name) {
+  return name != L"." && name != L".." && wideOf(utf8Of(name)) == name;
+}
+
 std::wstring patternFor(const std::string& folder) {
   const bool closed = !folder.empty() && (folder.back() == '/' || folder.back() == '\\');
   return widePath(folder) + (closed ? L"*.*" : L"\\*.*");
@@ -57,8 +62,7 @@ bool listEntries(const std::string& path, std::vector<FolderEntry>& out) {
   Listing listing(patternFor(path));
   if (!listing.isOpen()) return false;
   do {
-    const std::wstring_view name(listing.entry().cFileName);
-    if (name != L"." && name != L"..") out.push_back(entryOf(listing.entry()));
+    if (isListed(listing.entry().cFileName)) out.push_back(entryOf(listing.entry()));
   } while (listing.next());
   return true;
 }
