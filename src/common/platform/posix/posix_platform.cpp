@@ -1,12 +1,13 @@
 #include "common/platform/posix/posix_platform.h"
 
+#include <algorithm>
 #include <cstdlib>
 
-#include "common/platform/font_file_walk.h"
 #include "common/platform/posix/folder_listing.h"
 #include "common/platform/posix/fontconfig_folders.h"
 #include "common/platform/posix/module_path.h"
 #include "common/platform/posix/regular_file.h"
+#include "common/platform/usual_font_folders.h"
 
 namespace QXCommonNS {
 namespace posix {
@@ -32,13 +33,7 @@ bool PosixPlatform::knownFolder(KnownFolder, std::string&) {
 }
 
 std::vector<std::string> PosixPlatform::fontFolderCandidates() {
-  std::vector<std::string> folders = {"/usr/share/fonts/", "/usr/local/share/fonts/"};
-  std::string home;
-  if (environment("HOME", home) && !home.empty()) {
-    folders.push_back(home + "/.local/share/fonts/");
-    folders.push_back(home + "/.fonts/");
-  }
-  return folders;
+  return usualFontFolders(*this);
 }
 
 bool PosixPlatform::environment(const char* name, std::string& out) {
@@ -55,9 +50,7 @@ bool PosixPlatform::registryValues(RegistryRoot, std::string_view,
 }
 
 std::vector<std::string> PosixPlatform::systemFontFiles() {
-  std::vector<std::string> folders = fontconfigFolders();
-  if (folders.empty()) folders = fontFolderCandidates();
-  return listFontFiles(*this, folders);
+  return listSystemFontFiles(*this, fontconfigFolders());
 }
 
 std::string PosixPlatform::modulePath(std::string_view stem) {
