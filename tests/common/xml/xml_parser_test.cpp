@@ -255,6 +255,14 @@ TEST_F(XmlParser, AttributesHoldOneMebibyte) {
   EXPECT_EQ(tags("<a><b v='" + most + "x'/></a>"), "<a");
 }
 
+TEST_F(XmlParser, AttributesOfOneElementAreNotCounted) {
+  std::string document = "<a";
+  for (int i = 0; i < 100000; ++i) document += " k" + std::to_string(i) + "=''";
+  EXPECT_EQ(tags(document + " v='x'/>"), "<a v=x /a");
+  EXPECT_EQ(tags("<a/>" + document), "<a /a") << "a tag without its end is none";
+  EXPECT_EQ(tags(document + " k0=''/>"), "") << "one key twice is a fault";
+}
+
 TEST_F(XmlParser, ALongTokenIsReadInLinearTime) {
   EXPECT_EQ(tags("<a><!--" + std::string(std::size_t{15} << 20, '-' + 1) + "--><b/></a>"),
             "<a <b /b /a");
