@@ -218,9 +218,13 @@ bool MemoryPlatform::listFolder(const std::string& path, std::vector<FolderEntry
   const std::optional<std::string> real = resolved(path);
   const Node* folder = find(path);
   if (folder == nullptr || folder->kind != FileKind::folder || folder->unreadable) return false;
-  for (const auto& [key, node] : nodes_) {
-    if (key.empty() || parentOf(key) != *real) continue;
-    out.push_back({key.substr(real->size() + 1), fileKind(key), node.hidden, node.system});
+  // All that lies below stands together, so a listing costs nothing for the rest of the world.
+  const std::string below = *real + "/";
+  for (auto at = nodes_.lower_bound(below); at != nodes_.end(); ++at) {
+    const auto& [key, node] = *at;
+    if (key.compare(0, below.size(), below) != 0) break;
+    if (parentOf(key) != *real) continue;
+    out.push_back({key.substr(below.size()), fileKind(key), node.hidden, node.system});
   }
   std::reverse(out.begin(), out.end());  // so that nobody takes the listing for sorted
   return true;

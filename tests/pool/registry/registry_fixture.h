@@ -39,6 +39,13 @@ class RegistryTest : public ::testing::Test {
     return *registry;
   }
 
+  /// Destroys the registry and stays in the same world, for a test of many cases.
+  void resetRegistry() {
+    QXFontService_NS::resetServiceForTests();
+    QXCommonNS::setPlatformForTests(&world);
+    registry = nullptr;
+  }
+
   /// The files of the fonts in the pool, in the order of loading.
   [[nodiscard]] std::vector<std::string> loaded() const {
     std::vector<std::string> files;
