@@ -1,5 +1,7 @@
 #include "common/answer_or.h"
 #include "embed/cff_subset_embed.h"
+#include "embed/conforming/cff_conforming_font.h"
+#include "embed/conforming/true_type_conforming.h"
 #include "embed/font_stream.h"
 #include "embed/glyph_directory.h"
 #include "embed/table_lists.h"
@@ -108,6 +110,15 @@ bool SfntFont::makeSubsetFont(const GlyphIDs& gids, QXMemStream& out, int entry,
                               std::istream* source) {
   return writeFont(entry, source, [&](const WritingSource& font) {
     return embed::writeGlyphSubset(font.sfnt, gids, nullptr, out);
+  });
+}
+
+bool SfntFont::makeConformingSubsetFont(const GlyphIDs& gids, QXMemStream& out, int entry,
+                                        std::istream* source) {
+  return writeFont(entry, source, [&](const WritingSource& font) {
+    if (embed::hasGlyphOutlines(font.sfnt))
+      return embed::conforming::writeConformingTrueType(font.sfnt, gids, out);
+    return embed::conforming::writeConformingOpenType(font.sfnt, font.cff, gids, out);
   });
 }
 

@@ -89,6 +89,10 @@ class SfntFont : public FS_BaseFont {
   /// See `embed::cffEmbedGlyphs`: how the bare CFF of `getEmbedFont` numbers its glyphs. Empty for
   /// fonts without one.
   std::map<unsigned short, unsigned short> cffEmbedGlyphs(const GlyphIDs& gids, int entry);
+  /// The subset of `makeSubsetFont` in a form that strict readers take, of either kind of outlines;
+  /// see `embed/conforming`.
+  bool makeConformingSubsetFont(const GlyphIDs& gids, QXMemStream& out, int entry,
+                                std::istream* source);
   bool isEmbeddingAllowed(int entry) const override;
   FS_EMBEDSTATUS getEmbedStatus(int entry) const override;
   unsigned short getFontEmbeddingLicence(int entry) const override;

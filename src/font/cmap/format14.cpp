@@ -4,6 +4,7 @@
 
 #include "common/bytes/record_array.h"
 #include "common/bytes/stream_read.h"
+#include "common/limits.h"
 
 namespace QXFontService_NS::cmap {
 namespace {
@@ -61,7 +62,8 @@ std::optional<Record> findRecord(const RecordArray<Record>& records, int key) {
   return records[*at];
 }
 
-/// Lists codes, but no more table entries than fit into the bytes when none is listed twice.
+/// Lists codes, but no more table entries than fit into the bytes when none is listed twice, and no
+/// more codes than any real font lists.
 class Lister {
  public:
   Lister(std::size_t entries, const std::function<void(int, int)>& visit)
@@ -71,24 +73,30 @@ class Lister {
     for (std::size_t i = 0; i < ranges.size() && spend(); ++i) {
       const DefaultRange range = ranges[i];
       for (std::uint32_t n = 0; n <= range.additionalCount; ++n) {
-        visit_(static_cast<int>(range.startUnicodeValue + n), selector);
+        list(static_cast<int>(range.startUnicodeValue + n), selector);
       }
     }
   }
   void listOwn(const RecordArray<OwnGlyph>& glyphs, int selector) {
     for (std::size_t i = 0; i < glyphs.size() && spend(); ++i) {
-      visit_(static_cast<int>(glyphs[i].unicodeValue), selector);
+      list(static_cast<int>(glyphs[i].unicodeValue), selector);
     }
   }
 
  private:
   bool spend() {
-    if (left_ == 0) return false;
+    if (left_ == 0 || codesLeft_ == 0) return false;
     --left_;
     return true;
   }
+  void list(int code, int selector) {
+    if (codesLeft_ == 0) return;
+    --codesLeft_;
+    visit_(code, selector);
+  }
 
   std::size_t left_;
+  std::size_t codesLeft_ = QXCommonNS::limits::kMostVariationSequences;
   const std::function<void(int, int)>& visit_;
 };
 

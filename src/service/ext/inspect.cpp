@@ -1,10 +1,15 @@
 #include "qxfontservice/ext/inspect.h"
 
+#include <algorithm>
+#include <tuple>
+
 #include "font/sfnt_font.h"
 #include "service/boundary.h"
 
 namespace QXFontService_NS::ext {
 namespace {
+
+constexpr int kCodesOfUnicode = 0x110000;
 
 /// The record of the face, or null where the kind of font has none.
 const FS_TrueTypeInfo* recordOf(const FS_FontInfo& font) {
@@ -12,25 +17,114 @@ const FS_TrueTypeInfo* recordOf(const FS_FontInfo& font) {
   return base != nullptr ? SfntFont::recordOf(*base, font.getEntry()) : nullptr;
 }
 
-std::vector<int> languagesOf(const FS_TrueTypeInfo& record) {
-  std::vector<int> languages;
-  for (const auto& [language, names] : record.records().names.sets()) languages.push_back(language);
-  return languages;
+/// What `query` tells of the record, or an empty answer without one.
+template <class Result, class Query>
+Result ofRecord(const FS_FontInfo& font, Query query) {
+  return service::atBoundary(Result(), [&]() -> Result {
+    const FS_TrueTypeInfo* record = recordOf(font);
+    return record != nullptr ? query(*record) : Result();
+  });
+}
+
+std::vector<CharacterGlyph> listedCharacters(const FS_TrueTypeInfo& record) {
+  std::vector<CharacterGlyph> map;
+  record.loaded().maps.forEach([&](int code, std::uint16_t glyph) {
+    map.push_back({code, glyph});
+  });
+  return map;
+}
+
+std::vector<CharacterGlyph> askedCharacters(const FS_FontInfo& font) {
+  std::vector<CharacterGlyph> map;
+  for (int code = 0; code < kCodesOfUnicode; ++code) {
+    const unsigned short glyph = font.getGlyphID(code, false);
+    if (glyph != FS_NO_GLYPH) map.push_back({code, glyph});
+  }
+  return map;
+}
+
+std::vector<KernPair> pairsOf(const metrics::KernPairs& kern, bool vertical) {
+  std::vector<KernPair> pairs;
+  kern.forEach([&](std::uint16_t left, std::uint16_t right, std::int16_t) {
+    pairs.push_back({left, right, kern.valueOf(left, right, vertical)});
+  });
+  const auto key = [](const KernPair& pair) { return std::tie(pair.left, pair.right); };
+  std::sort(pairs.begin(), pairs.end(),
+            [&](const KernPair& a, const KernPair& b) { return key(a) < key(b); });
+  const auto isSame = [&](const KernPair& a, const KernPair& b) { return key(a) == key(b); };
+  pairs.erase(std::unique(pairs.begin(), pairs.end(), isSame), pairs.end());
+  return pairs;
+}
+
+std::vector<VariationGlyph> sequencesOf(const cmap::CharacterMaps& maps) {
+  std::vector<VariationGlyph> sequences;
+  maps.forEachVariation([&](int code, int selector, std::uint16_t glyph) {
+    sequences.push_back({code, selector, glyph});
+  });
+  const auto key = [](const VariationGlyph& one) { return std::tie(one.selector, one.code); };
+  std::sort(sequences.begin(), sequences.end(),
+            [&](const VariationGlyph& a, const VariationGlyph& b) { return key(a) < key(b); });
+  const auto isSame = [&](const VariationGlyph& a, const VariationGlyph& b) {
+    return key(a) == key(b);
+  };
+  sequences.erase(std::unique(sequences.begin(), sequences.end(), isSame), sequences.end());
+  return sequences;
 }
 
 }  // namespace
 
 std::vector<int> nameLanguages(const FS_FontInfo& font) {
-  return service::atBoundary(std::vector<int>(), [&]() -> std::vector<int> {
-    const FS_TrueTypeInfo* record = recordOf(font);
-    return record != nullptr ? languagesOf(*record) : std::vector<int>();
+  return ofRecord<std::vector<int>>(font, [](const FS_TrueTypeInfo& record) {
+    std::vector<int> languages;
+    for (const auto& [language, names] : record.records().names.sets())
+      languages.push_back(language);
+    return languages;
   });
 }
 
 unsigned int glyphCount(const FS_FontInfo& font) {
-  return service::atBoundary(0U, [&]() -> unsigned int {
+  return ofRecord<unsigned int>(font,
+                                [](const FS_TrueTypeInfo& record) { return record.numGlyphs; });
+}
+
+std::vector<CharacterGlyph> characterMap(const FS_FontInfo& font) {
+  return service::atBoundary(std::vector<CharacterGlyph>(), [&] {
     const FS_TrueTypeInfo* record = recordOf(font);
-    return record != nullptr ? record->numGlyphs : 0U;
+    if (record != nullptr) return listedCharacters(*record);
+    return font.isCreatedFont() ? askedCharacters(font) : std::vector<CharacterGlyph>();
+  });
+}
+
+std::vector<unsigned short> advances(const FS_FontInfo& font) {
+  return ofRecord<std::vector<unsigned short>>(font, [](const FS_TrueTypeInfo& record) {
+    std::vector<unsigned short> widths;
+    for (unsigned int glyph = 0; glyph < record.numGlyphs; ++glyph)
+      widths.push_back(record.loaded().hMetrics.advanceOf(static_cast<std::uint16_t>(glyph)));
+    return widths;
+  });
+}
+
+std::vector<KernPair> kernPairs(const FS_FontInfo& font, bool vertical) {
+  return ofRecord<std::vector<KernPair>>(font, [&](const FS_TrueTypeInfo& record) {
+    const metrics::KernPairs& kern = record.loaded().kern;
+    return kern.hasPairs(vertical) ? pairsOf(kern, vertical) : std::vector<KernPair>();
+  });
+}
+
+std::vector<VariationGlyph> variationSequences(const FS_FontInfo& font) {
+  return ofRecord<std::vector<VariationGlyph>>(
+      font, [](const FS_TrueTypeInfo& record) { return sequencesOf(record.loaded().maps); });
+}
+
+std::vector<ClassedGlyph> glyphClasses(const FS_FontInfo& font) {
+  return ofRecord<std::vector<ClassedGlyph>>(font, [](const FS_TrueTypeInfo& record) {
+    std::vector<ClassedGlyph> classes;
+    for (unsigned int id = 0; id < record.numGlyphs; ++id) {
+      const auto glyph = static_cast<unsigned short>(id);
+      const GlyphClassDef found = record.glyphClass(glyph);
+      if (found >= 0) classes.push_back({glyph, found});
+    }
+    return classes;
   });
 }
 
