@@ -5,6 +5,7 @@
 #include <climits>
 #include <tuple>
 
+#include "common/limits.h"
 #include "font/cmap/subtable_streams.h"
 #include "support/be_bytes.h"
 #include "support/cmap_builder.h"
@@ -139,6 +140,16 @@ TEST(CmapFormat14, TablesThatAllRecordsShareDoNotMakeAnEndlessList) {
   bytes.u32(kMany);
   for (unsigned i = 0; i < kMany; ++i) bytes.u24(i).u8(0);
   EXPECT_LE(listed(read(bytes.str())).size(), length / 4);
+}
+
+TEST(CmapFormat14, RangesThatOverlapDoNotMakeAnEndlessList) {
+  constexpr unsigned kMany = 20'000;  // of 256 codes each
+  BeBytes bytes;
+  bytes.u16(14).u32(10 + 11 + 4 + 4 * kMany).u32(1).u24(0xFE00).u32(21).u32(0).u32(kMany);
+  for (unsigned i = 0; i < kMany; ++i) bytes.u24(0x4E00).u8(255);
+  std::size_t count = 0;
+  read(bytes.str()).forEach([&](int, int) { ++count; });
+  EXPECT_EQ(count, QXCommonNS::limits::kMostVariationSequences);
 }
 
 TEST(CmapFormat14, ExtremeFieldsAreHarmless) {

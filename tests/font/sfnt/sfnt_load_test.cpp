@@ -299,6 +299,49 @@ TEST_F(SfntLoad, CmapAndKernAndHmtxReportThroughTheFont) {
   expectReport(1928, "'hmtx' table not found");
 }
 
+TEST_F(SfntLoad, ABrokenTableLeavesTheOthersServed) {
+  struct Row {
+    const char* tag;
+    SfntBuilder font;
+    int code;
+    const char* detail;
+  };
+  SfntBuilder sound = sampleFont();
+  sound.table("kern", KernBuilder().format0({{2, 3, -50}}).build());
+  sound.table("mort", MortBuilder().chain({MortBuilder::subtable({{2, 3}})}).build());
+  const auto broken = [&](const char* tag, const std::string& bytes) {
+    return SfntBuilder(sound).table(tag, bytes);
+  };
+  const std::string oddMap = CmapBuilder::format4({{0x41, 0x41, 0}}).replace(2, 2, {'\0', '\x21'});
+  const std::vector<Row> rows{
+      {"cmap", broken("cmap", "x"), 1928, "'cmap' table has no record error"},
+      {"cmap", broken("cmap", CmapBuilder().add(3, 1, oddMap).build()), 1928,
+       "'cmap' table format length error"},
+      {"kern", broken("kern", BeBytes().u16(0).u16(1).u16(0).u16(20).u16(1).u16(9).zeros(6).str()),
+       1928, "'kern' subtable 0 invalid pairs size"},
+      {"hmtx", SfntBuilder(sound).without("hmtx").rawEntry("hmtx", 0x7FFFFFF0, 16), 1921,
+       "'hmtx' table metric read error"},
+      {"mort", SfntBuilder(sound).statedLength("mort", 9000), 1921, "'mort' table read error"},
+      {"loca", broken("loca", "x"), 0, ""},
+      {"glyf", broken("glyf", "x"), 0, ""},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.tag);
+    const auto font = load(row.font);
+    ASSERT_TRUE(font);
+    if (row.code != 0) expectReport(row.code, row.detail);
+    EXPECT_EQ(good, row.code == 0);
+    const std::string tag = row.tag;
+    EXPECT_EQ(font->getGlyphID('A', false, 0), tag == "cmap" ? 0xFFFF : 2);
+    EXPECT_EQ(font->getGlyphID('A', true, 0), tag == "cmap" ? 0xFFFF : tag == "mort" ? 2 : 3);
+    EXPECT_EQ(font->getGlyphWidth(2, 0, false, 0), tag == "hmtx" ? 0.0F : 600.0F);
+    EXPECT_EQ(font->getPairKerningValue(2, 3, 0, false, 0), tag == "kern" ? 0.0F : -50.0F);
+    EXPECT_EQ(font->getTextWidth(u"A", -1000, false, nullptr, 0),
+              tag == "cmap" || tag == "hmtx" ? 0.0F : 600.0F);
+    EXPECT_EQ(font->hasPairKerningInfo(false, 0), tag != "kern");
+  }
+}
+
 SfntBuilder verticalMetricsFont() {
   SfntBuilder font = sampleFont();
   font.table("vhea", HheaBuilder{.numberOfMetrics = 1}.build());
