@@ -21,6 +21,10 @@ QX_EXPORT std::vector<int> nameLanguages(const FS_FontInfo& font);
 /// How many glyphs a face has, as `maxp` says; 0 for fonts without one.
 QX_EXPORT unsigned int glyphCount(const FS_FontInfo& font);
 
+/// Whether a face has outlines in `CFF `, which decides how `FS_FontInfo::getEmbedFont` embeds it;
+/// the file type tells the version of the font file.
+QX_EXPORT bool hasCffOutlines(const FS_FontInfo& font);
+
 /// A character and its glyph.
 struct CharacterGlyph {
   int code = 0;  ///< Unicode

@@ -87,6 +87,10 @@ unsigned int glyphCount(const FS_FontInfo& font) {
                                 [](const FS_TrueTypeInfo& record) { return record.numGlyphs; });
 }
 
+bool hasCffOutlines(const FS_FontInfo& font) {
+  return ofRecord<bool>(font, [](const FS_TrueTypeInfo& record) { return record.hasCFF(); });
+}
+
 std::vector<CharacterGlyph> characterMap(const FS_FontInfo& font) {
   return service::atBoundary(std::vector<CharacterGlyph>(), [&] {
     const FS_TrueTypeInfo* record = recordOf(font);

@@ -18,6 +18,7 @@
 #include "support/kern_builder.h"
 #include "support/name_builder.h"
 #include "support/sample_font.h"
+#include "support/sample_open_type.h"
 #include "support/table_builders.h"
 
 namespace QXFontService_NS::ext {
@@ -101,6 +102,15 @@ TEST_F(Inspect, AMemberOfASuitcaseIsToldThoughTheInterfaceTellsNoRecordOfIt) {
   ASSERT_TRUE(openFontFile(QXUri(u"/x/a.dfont", QXCommonNS::URISTR_USER), 0, font));
   EXPECT_THAT(nameLanguages(font), ElementsAre(0x409));
   EXPECT_EQ(glyphCount(font), 4U);
+}
+
+TEST_F(Inspect, OutlinesInCffAreFoundWhateverTheFileIsCalled) {
+  open(qxtest::sampleFont().build());
+  EXPECT_FALSE(hasCffOutlines(font));
+  font.deleteFont();
+  open(qxtest::sampleOpenType(qxtest::sampleCff()).version(qxtest::SfntBuilder::kTrueType).build());
+  EXPECT_TRUE(hasCffOutlines(font));
+  EXPECT_EQ(font.getFontFileType(), FS_FILETYPE_TRUETYPE);
 }
 
 TEST_F(Inspect, TheCharacterMapIsThatOfTheQueries) {
@@ -202,6 +212,7 @@ TEST_F(Inspect, AnEmptyHandleHasNothing) {
   const FS_FontInfo empty;
   EXPECT_THAT(nameLanguages(empty), IsEmpty());
   EXPECT_EQ(glyphCount(empty), 0U);
+  EXPECT_FALSE(hasCffOutlines(empty));
   EXPECT_THAT(characterMap(empty), IsEmpty());
   EXPECT_THAT(advances(empty), IsEmpty());
   EXPECT_THAT(kernPairs(empty, false), IsEmpty());
