@@ -133,7 +133,7 @@ class CallTest(QxfontTest):
 
     def test_help_is_there_for_the_program_and_each_command(self):
         shown = self.run_tool("--help").out
-        for command in ("list", "match", "info", "glyphs", "embed", "typeset"):
+        for command in ("list", "match", "info", "dump", "glyphs", "embed", "typeset"):
             self.assertIn(command, shown)
             self.assertIn("--only", self.run_tool(command, "--help").out)
 
@@ -583,7 +583,7 @@ class EmbedTest(QxfontTest):
         return kept
 
     def test_two_runs_give_the_same_bytes(self):
-        for form, more in (("sfnt", []), ("sfnt-cmap", []), ("svg2", []),
+        for form, more in (("sfnt", []), ("sfnt-cmap", []), ("svg2", []), ("sfnt-all", []),
                            ("sfnt-all", ["--as-specified"])):
             for out in ("a", "b"):
                 self.embed(LATO_REGULAR, form, out, "--text", self.TEXT, *more)
@@ -610,6 +610,7 @@ class EmbedTest(QxfontTest):
             "sfnt": {"OS/2", "cvt ", "fpgm", "glyf", "head", "hhea", "hmtx", "loca", "maxp", "post",
                      "prep"},
             "svg2": set(source_font(LATO_REGULAR).keys()) - {"GlyphOrder"},
+            "sfnt-all": set(source_font(LATO_REGULAR).keys()) - {"GlyphOrder", "DSIG"},
         }
         wanted["sfnt-cmap"] = wanted["sfnt"] | {"cmap"}
         for form, tables in wanted.items():
@@ -622,6 +623,19 @@ class EmbedTest(QxfontTest):
         self.embed(LATO_REGULAR, "stream", "out")
         with open(LATO_REGULAR, "rb") as source:
             self.assertEqual(self.read("out"), source.read())
+
+    def test_the_map_of_a_whole_font_has_all_its_glyphs(self):
+        rows = self.embed(LATO_REGULAR, "stream", "out").json()["map"]
+        font = source_font(LATO_REGULAR)
+        self.assertEqual([row["glyph"] for row in rows], list(range(font["maxp"].numGlyphs)))
+        lowest = {}
+        for code in sorted(font.getBestCmap(), reverse=True):
+            lowest[font.getGlyphID(font.getBestCmap()[code])] = code
+        for row in rows:
+            self.assertEqual(row.get("unicode"), lowest.get(row["glyph"]))
+            self.assertEqual(row["id"], row["glyph"])
+        asked = self.embed(LATO_REGULAR, "stream", "out", "--gids", "3,5-6").json()["map"]
+        self.assertEqual([row["glyph"] for row in asked], [3, 5, 6])
 
     def test_glyph_files_for_postscript(self):
         self.embed(LATO_REGULAR, "ps-glyphs", "out", "--text", "e")

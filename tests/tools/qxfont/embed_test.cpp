@@ -66,7 +66,7 @@ TEST(Forms, areToldInOrder) {
 
 TEST(Forms, areNotThoseOfAnEmptyFont) {
   const QXFontService_NS::FS_FontInfo none;
-  EXPECT_EQ(formNames(none), "none");
+  EXPECT_EQ(formNames(none, false), "none");
 }
 
 }  // namespace

@@ -6,6 +6,7 @@ void addCommands(CLI::App& app, Chosen& chosen) {
   addListCommand(app, chosen);
   addMatchCommand(app, chosen);
   addInfoCommand(app, chosen);
+  addDumpCommand(app, chosen);
   addGlyphsCommand(app, chosen);
   addFeaturesCommand(app, chosen);
   addShapeCommand(app, chosen);

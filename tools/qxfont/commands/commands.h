@@ -14,6 +14,7 @@ using Chosen = std::function<void()>;
 void addListCommand(CLI::App& app, Chosen& chosen);
 void addMatchCommand(CLI::App& app, Chosen& chosen);
 void addInfoCommand(CLI::App& app, Chosen& chosen);
+void addDumpCommand(CLI::App& app, Chosen& chosen);
 void addGlyphsCommand(CLI::App& app, Chosen& chosen);
 void addFeaturesCommand(CLI::App& app, Chosen& chosen);
 void addShapeCommand(CLI::App& app, Chosen& chosen);

@@ -40,18 +40,17 @@ struct EmbedOptions {
   bool asSpecified = false;
 };
 
+bool choosesGlyphs(const EmbedOptions& options) {
+  return !options.text.empty() || !options.textFile.empty() || !options.unicodes.empty() ||
+         !options.gids.empty();
+}
+
 void checkCall(const EmbedOptions& options, const Form& form) {
   checkFontOptions(options.font);
-  const bool chooses = !options.text.empty() || !options.textFile.empty() ||
-                       !options.unicodes.empty() || !options.gids.empty();
-  if (!chooses && !form.whole) {
+  if (!choosesGlyphs(options) && !form.whole) {
     throw ToolError(Status::wrongCall,
                     fmt::format("which glyphs is the form {} to hold?", form.name),
                     "give --text, --text-file, --unicodes or --gids");
-  }
-  if (form.asSpecifiedOnly && !options.asSpecified) {
-    throw ToolError(Status::wrongCall,
-                    fmt::format("the form {} is written with --as-specified only", form.name));
   }
   if (options.map == options.out) {
     throw ToolError(Status::wrongCall, "the font and its map are to be one file: " + options.out);
@@ -79,11 +78,12 @@ void tellMissing(const GlyphChoice& choice, const std::string& font) {
   fmt::print(stderr, "qxfont: {}\n", shown(what));
 }
 
-FormResult write(const fs::FS_FontInfo& font, const Form& form, const GlyphChoice& choice) {
+FormResult write(const fs::FS_FontInfo& font, const Form& form, bool asSpecified,
+                 const GlyphChoice& choice) {
   std::vector<unsigned short> gids;
   for (const auto& [gid, codePoint] : choice.glyphs) gids.push_back(gid);
   FormResult result;
-  if (form.write(font, gids, result) && !result.bytes.empty()) return result;
+  if (writeForm(font, form, asSpecified, gids, result) && !result.bytes.empty()) return result;
   throw ToolError(Status::badFont,
                   fmt::format("{} cannot be written in the form {}",
                               utf8(font.getFontFileName().getLocalPath(true)), form.name));
@@ -141,20 +141,21 @@ void addFiles(OutputFiles& files, const std::string& path, const Form& form,
 void embed(const EmbedOptions& options) {
   const Form& form = formOf(options.form);
   checkCall(options, form);
-  const GlyphRequest request = requestOf(options);
+  GlyphRequest request = requestOf(options);
 
   Service service(options.source);
   const OpenFont font = openFont(service, options.font);
-  if (!form.serves(*font)) {
+  if (!hasForm(*font, form, options.asSpecified)) {
     throw ToolError(Status::wrongCall,
                     fmt::format("{} has no form {}", options.font.font, form.name),
-                    "it has: " + formNames(*font));
+                    "it has: " + formNames(*font, options.asSpecified));
   }
+  if (form.whole && !choosesGlyphs(options)) request.gids = allGlyphs(*font);
   const GlyphChoice choice = chooseGlyphs(*font, request);
   tellMissing(choice, options.font.font);
   if (!options.allowRestricted) requireRights(*font, !form.whole);
 
-  const FormResult result = write(*font, form, choice);
+  const FormResult result = write(*font, form, options.asSpecified, choice);
   const Json summary = summaryJson(*font, form, result, choice);
   OutputFiles files;
   addFiles(files, options.out, form, result);
@@ -190,7 +191,8 @@ void addEmbedCommand(CLI::App& app, Chosen& chosen) {
       ->type_name("FILE")
       ->required();
   command->add_option("--map", options->map, "writes the numbering as JSON")->type_name("FILE");
-  command->add_flag("--as-specified", options->asSpecified, "byte-exact specified forms");
+  command->add_flag("--as-specified", options->asSpecified,
+                    "the specified bytes, where those of strict readers are the default");
   command->add_flag("--allow-restricted", options->allowRestricted,
                     "goes on where the font's licence says no");
   addJsonOption(*command, options->output);

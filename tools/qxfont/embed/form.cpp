@@ -9,6 +9,8 @@
 #include <utility>
 
 #include "qxcommon/mem_stream.h"
+#include "qxfontservice/ext/inspect.h"
+#include "qxfontservice/ext/subset_font.h"
 #include "qxfontservice/tt_glyph_map.h"
 
 #include "qxfont/cli/status.h"
@@ -38,6 +40,13 @@ template <bool (FS_FontInfo::*Operation)(const Gids&, QXMemStream&) const>
 bool writeBy(const FS_FontInfo& font, const Gids& gids, FormResult& out) {
   QXMemStream stream(nullptr, kBlock, false, true);
   if (!(font.*Operation)(gids, stream)) return false;
+  out.bytes = bytesOf(stream);
+  return true;
+}
+
+bool writeConformingSubset(const FS_FontInfo& font, const Gids& gids, FormResult& out) {
+  QXMemStream stream(nullptr, kBlock, false, true);
+  if (!QXFontService_NS::ext::makeConformingSubsetFont(font, gids, stream)) return false;
   out.bytes = bytesOf(stream);
   return true;
 }
@@ -84,11 +93,15 @@ bool writeCidPostScript(const FS_FontInfo& font, const Gids& gids, FormResult& o
   return true;
 }
 
-/// Fonts whose outlines are in `CFF `.
-bool isCff(const FS_FontInfo& font) {
+bool isOpenType(const FS_FontInfo& font) {
   const int type = font.getFontFileType2();
   return type == QXFontService_NS::FS_FILETYPE_OPENTYPE ||
          type == QXFontService_NS::FS_FILETYPE_OPENTYPE_CID;
+}
+
+/// Fonts whose outlines are in `CFF `, whatever their files are called.
+bool isCff(const FS_FontInfo& font) {
+  return isOpenType(font) || QXFontService_NS::ext::hasCffOutlines(font);
 }
 
 /// Fonts whose outlines are in `glyf`.
@@ -112,17 +125,31 @@ const std::vector<Form>& forms() {
       {"sfnt-cmap", "the same with its character map", isTrueType,
        writeBy<&FS_FontInfo::getEmbedFontWithCmap>},
       {"sfnt-all", "all tables", isSfnt, writeBy<&FS_FontInfo::makeSubsetFont>, kKeepsIds, false,
-       false, true},
-      {"svg2", "a font for SVG", isTrueType, writeBy<&FS_FontInfo::getSVG2EmbedFont>},
+       false, writeConformingSubset, true},
+      {"svg2", "a font for SVG", isSfnt, writeBy<&FS_FontInfo::getSVG2EmbedFont>, kKeepsIds, false,
+       false, nullptr, true},
       {"stream", "the whole font as it is", isSfnt, writeStream, kKeepsIds, true},
       {"ps-glyphs", "a folder: the sfnt for PostScript and one file a glyph", isTrueType,
        writePsGlyphs, kKeepsIds, false, true},
       {"cff", "the bare CFF for PDF", isCff, writeBy<&FS_FontInfo::getEmbedFont>,
        NumberedForm::embedFont},
-      {"cid-ps", "a CIDFontType 0 for PostScript, without blank glyphs", isCff, writeCidPostScript,
-       NumberedForm::cidFontType0},
+      {"cid-ps", "a CIDFontType 0 for PostScript, without blank glyphs", isOpenType,
+       writeCidPostScript, NumberedForm::cidFontType0},
   };
   return all;
+}
+
+bool hasForm(const FS_FontInfo& font, const Form& form, bool asSpecified) {
+  if (!form.serves(font)) return false;
+  const bool isSpecified = asSpecified || form.writeConforming == nullptr;
+  const bool isInSuitcase = font.getFontFileType2() == QXFontService_NS::FS_FILETYPE_DFONT;
+  return !(form.notOfSuitcases && isSpecified && isInSuitcase);
+}
+
+bool writeForm(const FS_FontInfo& font, const Form& form, bool asSpecified, const Gids& gids,
+               FormResult& out) {
+  const bool isSpecified = asSpecified || form.writeConforming == nullptr;
+  return isSpecified ? form.write(font, gids, out) : form.writeConforming(font, gids, out);
 }
 
 std::string formNames() {
@@ -131,10 +158,10 @@ std::string formNames() {
   return joined(names);
 }
 
-std::string formNames(const FS_FontInfo& font) {
+std::string formNames(const FS_FontInfo& font, bool asSpecified) {
   std::vector<std::string> names;
   for (const Form& form : forms()) {
-    if (form.serves(font)) names.emplace_back(form.name);
+    if (hasForm(font, form, asSpecified)) names.emplace_back(form.name);
   }
   return names.empty() ? "none" : joined(names);
 }

@@ -16,28 +16,38 @@ struct FormResult {
   std::vector<unsigned short> leftOut;               ///< blank glyphs that the form does not need
 };
 
+/// Writes a form of a font; false when the font cannot.
+using FormWriter = bool (*)(const QXFontService_NS::FS_FontInfo& font,
+                            const std::vector<unsigned short>& gids, FormResult& out);
+
 /// One way to embed a font: a row of the table of forms.
 struct Form {
   const char* name;
   const char* what;  ///< for the help
   /// Whether this kind of font has the form.
   bool (*serves)(const QXFontService_NS::FS_FontInfo& font);
-  /// Writes it; false when the font cannot.
-  bool (*write)(const QXFontService_NS::FS_FontInfo& font, const std::vector<unsigned short>& gids,
-                FormResult& out);
+  FormWriter write;
   /// How it numbers the glyphs.
   QXFontService_NS::ext::NumberedForm numbers = QXFontService_NS::ext::NumberedForm::subsetFont;
-  bool whole = false;            ///< The whole font, whatever glyphs are asked for.
-  bool folder = false;           ///< A folder of files.
-  bool asSpecifiedOnly = false;  ///< Written with `--as-specified` only.
+  bool whole = false;                    ///< The whole font, whatever glyphs are asked for.
+  bool folder = false;                   ///< A folder of files.
+  FormWriter writeConforming = nullptr;  ///< Written so, unless the specified bytes are asked for.
+  bool notOfSuitcases = false;           ///< Faces of resource forks have no specified bytes.
 };
+
+/// Whether a font has a form, byte for byte as specified or as it is written by default.
+bool hasForm(const QXFontService_NS::FS_FontInfo& font, const Form& form, bool asSpecified);
+
+/// Writes it in that way.
+bool writeForm(const QXFontService_NS::FS_FontInfo& font, const Form& form, bool asSpecified,
+               const std::vector<unsigned short>& gids, FormResult& out);
 
 /// All forms, in the order of the help.
 const std::vector<Form>& forms();
 
 /// The names of all forms, or of those that a font has, with commas.
 std::string formNames();
-std::string formNames(const QXFontService_NS::FS_FontInfo& font);
+std::string formNames(const QXFontService_NS::FS_FontInfo& font, bool asSpecified);
 
 /// The form of a name.
 /// @throws ToolError `wrongCall` for an unknown one.

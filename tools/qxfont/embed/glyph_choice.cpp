@@ -82,8 +82,8 @@ void lookUp(const fs::FS_FontInfo& font, int codePoint, GlyphChoice& choice) {
 
 /// Gives glyphs that were asked for by number their lowest code point.
 void findCodePoints(const fs::FS_FontInfo& font, GlyphChoice& choice) {
-  for (int code = 0; code <= kLastCodePoint; ++code) {
-    const auto found = choice.glyphs.find(font.getGlyphID(code, false));
+  for (const auto& [code, glyph] : fs::ext::characterMap(font)) {
+    const auto found = choice.glyphs.find(glyph);
     if (found != choice.glyphs.end() && found->second < 0) found->second = code;
   }
 }
@@ -125,6 +125,13 @@ std::vector<unsigned short> parseGids(const std::string& text) {
       gids.push_back(static_cast<unsigned short>(gid));
     }
   }
+  return gids;
+}
+
+std::vector<unsigned short> allGlyphs(const fs::FS_FontInfo& font) {
+  std::vector<unsigned short> gids;
+  const unsigned int count = fs::ext::glyphCount(font);
+  for (unsigned int gid = 0; gid < count; ++gid) gids.push_back(static_cast<unsigned short>(gid));
   return gids;
 }
 

@@ -31,6 +31,9 @@ std::vector<int> parseUnicodes(const std::string& text);
 /// "3,5-9": glyph ids and ranges of them.
 std::vector<unsigned short> parseGids(const std::string& text);
 
+/// The ids of all glyphs of a font.
+std::vector<unsigned short> allGlyphs(const QXFontService_NS::FS_FontInfo& font);
+
 /// Looks a request up in a font.
 /// @throws ToolError for an id that the font does not have.
 GlyphChoice chooseGlyphs(const QXFontService_NS::FS_FontInfo& font, const GlyphRequest& request);
