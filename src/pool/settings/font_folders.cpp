@@ -25,10 +25,15 @@ FS_FontFolder* FontFolders::add(std::unique_ptr<FS_FontFolder> folder, const FS_
     if (!skipScan) known->second->skipScan = 0;
     return nullptr;
   }
-  auto place = std::find_if(list_.begin(), list_.end(),
-                            [behind](const auto& other) { return other.get() == behind; });
-  if (place != list_.end()) ++place;
-  return list_.insert(place, std::move(folder))->get();
+  return list_.insert(placeBehind(behind), std::move(folder))->get();
+}
+
+FontFolders::List::iterator FontFolders::placeBehind(const FS_FontFolder* folder) {
+  if (folder == nullptr) return list_.end();
+  // From the back: only what waits to be scanned stands behind the folder of a scan.
+  const auto found = std::find_if(list_.rbegin(), list_.rend(),
+                                  [folder](const auto& other) { return other.get() == folder; });
+  return found == list_.rend() ? list_.end() : found.base();
 }
 
 FS_FontFolder* FontFolders::find(const QXUri& uri) const {

@@ -29,8 +29,12 @@ class FontFolders {
   void clear();
 
  private:
+  using List = std::vector<std::unique_ptr<FS_FontFolder>>;
+
+  List::iterator placeBehind(const FS_FontFolder* folder);
+
   std::map<UnicodeString, FS_FontFolder*> byKey_;
-  std::vector<std::unique_ptr<FS_FontFolder>> list_;
+  List list_;
 };
 
 }  // namespace QXFontService_NS

@@ -15,7 +15,6 @@ constexpr int kCodesOfUnicode = 0x110000;
 
 /// The record of the face, or null where the kind of font has none; that of a document's font is
 /// the record of the font inside.
-/// The record of the face, or null where the kind of font has none.
 const FS_TrueTypeInfo* recordOf(const FS_FontInfo& font) {
   if (font.getFont() == nullptr) return nullptr;
   FS_BaseFont* inner = font.getFont()->getExtraBaseFont();

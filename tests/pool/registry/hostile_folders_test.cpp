@@ -72,6 +72,31 @@ TEST_F(HostileFolders, FoldersInsideEachOtherAreScannedToTheirLimitAndTheNextFol
   EXPECT_EQ(fileOf(u"Next"), "/g/b.ttf");
 }
 
+TEST_F(HostileFolders, AHundredThousandFoldersAreScannedAndNamedOnesBesides) {
+  const auto sub = [](std::size_t number) { return "/f/" + std::to_string(100'000 + number); };
+  for (std::size_t i = 0; i <= limits::kMostFolders; ++i) world.folder(sub(i));
+  world.file(sub(limits::kMostFolders - 1) + "/a.ttf", namedFont(u"Last"));
+  world.file(sub(limits::kMostFolders) + "/b.ttf", namedFont(u"Beyond"));
+  world.file("/g/c.ttf", namedFont(u"Named"));
+  open("<font-folder path=\"/f\" recursive=\"yes\"/><font-folder path=\"/g\"/>");
+  EXPECT_NE(fileOf(u"Last"), "");
+  EXPECT_EQ(fileOf(u"Beyond"), "");
+  EXPECT_NE(fileOf(u"Named"), "");
+}
+
+TEST_F(HostileFolders, LinksThatMultiplyTheWaysStayWithinTheLimit) {
+  // Each level has two ways to the next: 2^30 ways in all, none of them a circle.
+  for (int level = 0; level < 30; ++level) {
+    const std::string here = "/d" + std::to_string(level);
+    const std::string next = "/d" + std::to_string(level + 1);
+    world.folder(here).folder(next).link(here + "/x", next).link(here + "/y", next);
+  }
+  world.file("/g/a.ttf", namedFont(u"Named"));
+  open("<font-folder path=\"/d0\" recursive=\"yes\"/><font-folder path=\"/g\"/>");
+  EXPECT_LE(registry->folders().size(), limits::kMostFolders + 2);
+  EXPECT_EQ(fileOf(u"Named"), "/g/a.ttf");
+}
+
 /// A folder of the real file system, which is removed with all that is in it.
 class RealFolder {
  public:
