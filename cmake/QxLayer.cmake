@@ -28,7 +28,7 @@ function(qx_layer)
     target_include_directories(qx_${ARG_NAME} PRIVATE
       "${CMAKE_SOURCE_DIR}/include" "${CMAKE_SOURCE_DIR}/src")
     target_compile_definitions(qx_${ARG_NAME} PRIVATE QX_BUILDING_LIBRARY=1)
-    target_link_libraries(qx_${ARG_NAME} PRIVATE qx_options qx_dependencies)
+    target_link_libraries(qx_${ARG_NAME} PRIVATE qx_options qx_coverage qx_dependencies)
     list(APPEND below qx_${ARG_NAME})
   endif()
   set_property(GLOBAL PROPERTY QX_LAYERS_OF_${ARG_NAME} "${below}")

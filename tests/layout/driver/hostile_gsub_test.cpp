@@ -10,6 +10,7 @@
 #include "support/gsub_builder.h"
 #include "support/layout_table_builder.h"
 #include "support/offset_table.h"
+#include "support/sample_layout.h"
 #include "support/truncation.h"
 
 namespace qxtest {
@@ -178,29 +179,6 @@ TEST(HostileGsub, OverlappingSubTablesStayWithinTheBudget) {
   }
 }
 
-/// A table of all lookup types, direct and by extension.
-std::string tableOfAllTypes() {
-  const std::string classes = classDef(1, {1, 2});
-  const std::vector<std::pair<unsigned, std::string>> lookups = {
-      {1, singleSubst(covered(1), 1)},
-      {1, singleSubst(coverageOfRanges({{2, 3, 0}}), std::vector<unsigned>{4, 1})},
-      {2, multipleSubst(coverage({1}), {{2, 50, 3}})},
-      {3, alternateSubst(coverage({1}), {{2, 3}})},
-      {4, ligatureSubst(coverage({1}), {{{70, {2, 3}}, {71, {2}}}})},
-      {5, context1(coverage({1}), {{{{2}, {{0, 0}}}}})},
-      {5, context2(coverage({1}), classes, {{}, {{{2}, {{0, 0}, {1, 2}}}}})},
-      {5, context3({covered(1), covered(2)}, {{0, 2}, {1, 4}})},
-      {6, chainContext1(coverage({2}), {{{{1}, {3}, {3}, {{0, 1}}}}})},
-      {6,
-       chainContext2(coverage({1}), classes, classes, classes, {{}, {{{}, {2}, {2}, {{0, 7}}}}})},
-      {6, chainContext3({covered(3)}, {covered(1)}, {covered(2)}, {{0, 4}, {0, 8}})},
-      {8, reverseChainSubst(coverage({2}), {covered(1)}, {covered(3)}, {4})},
-      {7, extensionSubTable(4, ligatureSubst(coverage({3}), {{{72, {1}}}}))}};
-  LayoutTableBuilder table;
-  for (const auto& [type, subTable] : lookups) table.onlyLookup("test", type, 8, {subTable});
-  return table.str();
-}
-
 const Ids kText{3, 1, 50, 2, 3, 1, 2, 2, 3, 51, 1};
 
 void runAll(const std::string& bytes) {
@@ -220,7 +198,7 @@ void runAll(const std::string& bytes) {
 }
 
 TEST(HostileGsub, AllTypesChangeTheText) {
-  const TestFont font(tableOfAllTypes(), gdefTable(testClasses()));
+  const TestFont font(sampleSubstitutions(), gdefTable(testClasses()));
   unsigned changed = 0;
   for (int index = 0; index < 13; ++index)
     if (passOver(font, index, kText).changed) ++changed;
@@ -228,12 +206,12 @@ TEST(HostileGsub, AllTypesChangeTheText) {
 }
 
 TEST(HostileGsub, SurvivesDamage) {
-  forEachDamage(tableOfAllTypes(), runAll);
+  forEachDamage(sampleSubstitutions(), runAll);
 }
 
 TEST(HostileGsub, SurvivesRandomDamage) {
   std::mt19937 random(3);
-  const std::string sound = tableOfAllTypes();
+  const std::string sound = sampleSubstitutions();
   for (int round = 0; round < 1000; ++round) {
     std::string bytes = sound;
     for (unsigned i = 0; i <= random() % 8; ++i)

@@ -6,6 +6,7 @@
 #include "layout/guard/limits.h"
 #include "layout/guard/spent_budgets.h"
 #include "support/offset_table.h"
+#include "support/sample_layout.h"
 #include "support/truncation.h"
 
 namespace qxtest::gpos {
@@ -227,35 +228,6 @@ TEST(HostileGpos, ClassPairsWithoutFieldsKeepNoRecords) {
 
 // Damage.
 
-/// A table of all lookup types, direct and by extension.
-std::string tableOfAllTypes() {
-  const std::string classes = classDef(1, {1, 0, 1});
-  const std::string anchor = anchorTable(20, 30);
-  const std::vector<MarkRecord> marks{{0, anchor}, {1, anchorTable(5, 6, 2)}};
-  const std::vector<ClassPair> row{{{10}, {1, 2}}, {{20}, {3, 4}}};
-  const std::vector<std::pair<unsigned, std::string>> lookups = {
-      {1, singlePos1(coverage({1, 2}), 0x15, {10, 20, 0})},
-      {1, singlePos2(coverageOfRanges({{2, 3, 0}}), 0x03, {{1, 2}, {3, 4}})},
-      {2, pairPos1(coverage({1, 2}), 4, 1, {{{2, {-20}, {5}}, {3, {1}, {2}}}, {{1, {7}, {8}}}})},
-      {2, pairPos2(coverage({1, 3}), 4, 3, classes, classes, {row, row})},
-      {3, cursivePos(coverage({1, 2, 3}), {{anchor, anchor}, {anchor, ""}, {"", anchor}})},
-      {4, markPos(coverage({50, 51}), coverage({1, 2}), 2, marks,
-                  {{anchor, anchorTable(1, 1, 3)}, {"", anchor}})},
-      {5, markLigPos(coverage({50, 51}), coverage({70}), 2, marks,
-                     {{{anchor, anchor}, {anchor, ""}}})},
-      {6, markPos(coverage({51}), coverage({50}), 1, {{0, anchor}}, {{anchor}})},
-      {7, context2(coverage({1}), classes, {{{{1}, {{0, 2}}}}, {{{0}, {{0, 0}, {1, 3}}}}})},
-      {7, context3({covered(1), covered(2)}, {{0, 0}, {1, 8}})},
-      {8, chainContext1(coverage({2}), {{{{1}, {}, {3}, {{0, 0}}}}})},
-      {8, chainContext2(coverage({2}), classes, classes, classes, {{{{1}, {}, {1}, {{0, 1}}}}})},
-      {8, chainContext3({covered(1)}, {covered(2)}, {covered(3)}, {{0, 0}, {0, 12}})},
-      {9, extensionSubTable(1, shift({3}, 9))}};
-  LayoutTableBuilder table;
-  for (const auto& [type, subTable] : lookups)
-    table.onlyLookup("test", type, type == 3 ? 9 : type == 6 ? 0 : 8, {subTable});
-  return table.str();
-}
-
 Glyphs text(int flags) {
   Glyphs glyphs;
   for (const int id : {1, 2, 3, 50, 51, 70, 50, 1, 50, 2, 3, 1, 2})
@@ -282,16 +254,16 @@ int runAll(const std::string& bytes) {
 }
 
 TEST(HostileGpos, AllTypesMoveTheText) {
-  EXPECT_EQ(runAll(tableOfAllTypes()), 2 * 14);
+  EXPECT_EQ(runAll(samplePositions()), 2 * 14);
 }
 
 TEST(HostileGpos, SurvivesDamage) {
-  forEachDamage(tableOfAllTypes(), runAll);
+  forEachDamage(samplePositions(), runAll);
 }
 
 TEST(HostileGpos, SurvivesRandomDamage) {
   std::mt19937 random(5);
-  const std::string sound = tableOfAllTypes();
+  const std::string sound = samplePositions();
   for (int round = 0; round < 3000; ++round) {
     std::string bytes = sound;
     for (unsigned i = 0; i <= random() % 8; ++i)

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "qxfontservice/font_info.h"
+
+namespace qxfuzz {
+
+/// Opens face after face of a font file that stands in memory alone, and hands each over.
+/// @param extension of the file, with its point; the service goes by it.
+void withFont(const std::string& bytes, const std::string& extension,
+              const std::function<void(const QXFontService_NS::FS_FontInfo&)>& use);
+
+// Each asks a font what a host asks of it, and drops the answers.
+
+void askNames(const QXFontService_NS::FS_FontInfo& font);
+void askCharacters(const QXFontService_NS::FS_FontInfo& font);
+void askMetrics(const QXFontService_NS::FS_FontInfo& font);
+void askEmbedding(const QXFontService_NS::FS_FontInfo& font);
+void askLayout(const QXFontService_NS::FS_FontInfo& font);
+/// All of them.
+void askAll(const QXFontService_NS::FS_FontInfo& font);
+
+}  // namespace qxfuzz
