@@ -42,6 +42,48 @@ TEST(CffSubsetFont, KeepsIdsAndFillsTheGapsWithTheSpace) {
                                                           glyphOf(3), glyphOf(1), glyphOf(5)}));
 }
 
+const std::string kHeader = bytesOf({1, 0, 4, 3});  // whatever the source has
+
+void replaceOnce(std::string& text, const std::string& before, const std::string& after) {
+  const std::size_t at = text.find(before);
+  ASSERT_NE(at, std::string::npos);
+  ASSERT_EQ(text.find(before, at + 1), std::string::npos);
+  text.replace(at, before.size(), after);
+}
+
+std::string offsetOperator(std::size_t offset, unsigned op) {
+  return DictBuilder().number(static_cast<int>(offset), DictForm::fourBytes).op(op).str();
+}
+
+TEST(CffSubsetFont, GoldenBytesOfANameKeyedFont) {
+  CffBuilder builder = nameKeyedFont(8);
+  builder.header = kHeader;
+  const std::string source = builder.build();
+  const std::size_t charStrings = builder.at("CharStrings");
+  const std::string index = cffIndex({glyphOf(0), glyphOf(1), glyphOf(1), glyphOf(3)});
+  std::string expected =
+      source.substr(0, charStrings) + index + source.substr(builder.at("Private"));
+  replaceOnce(expected, offsetOperator(builder.at("Private"), 18),
+              offsetOperator(charStrings + index.size(), 18));
+  EXPECT_EQ(subsetFrom(builder, {3}), expected);
+}
+
+TEST(CffSubsetFont, GoldenBytesOfACidKeyedFont) {
+  CffBuilder builder = cidKeyedFont(8);
+  builder.header = kHeader;
+  const std::string source = builder.build();
+  const std::size_t charStrings = builder.at("CharStrings");
+  const std::size_t fdArray = builder.at("FDArray");
+  const std::string index = cffIndex({glyphOf(0), glyphOf(1), glyphOf(2)});
+  const std::size_t moved = charStrings + index.size();
+  std::string expected = source.substr(0, charStrings) + index + source.substr(fdArray);
+  replaceOnce(expected, offsetOperator(fdArray, 0x0C24), offsetOperator(moved, 0x0C24));
+  for (const char* name : {"Private0", "Private1"})
+    replaceOnce(expected, offsetOperator(builder.at(name), 18),
+                offsetOperator(builder.at(name) - fdArray + moved, 18));
+  EXPECT_EQ(subsetFrom(builder, {2, 1}), expected);
+}
+
 // The count ends at the highest id, whatever `maxp` says: kept.
 TEST(CffSubsetFont, NothingIsWrittenBehindTheHighestGlyph) {
   CffBuilder builder = nameKeyedFont(8);

@@ -104,6 +104,19 @@ TEST(CidFontType0, BlockHoldsMapsCharstringsAndSubrs) {
   EXPECT_EQ(font.text.substr(font.text.size() - 12), ">\n%%EndData\n");
 }
 
+// Map, two charstrings "0 500 hsbw n hmoveto endchar", map of the Subrs, the four fixed ones.
+TEST(CidFontType0, GoldenBlockOfASmallFont) {
+  CffBuilder builder = nameKeyedFont(4);
+  const Written font(builder, {1});
+  const std::string golden =
+      "(Hex) 55 StartData\n"
+      "0000090000100000179b2c08a15699bd9b2c08a15190630021002c0031003600\n"
+      "379eb4f595ec42346644ed229b58f7fe7a9b59c527231b"
+      ">\n%%EndData\n";
+  ASSERT_GT(font.text.size(), golden.size());
+  EXPECT_EQ(font.text.substr(font.text.size() - golden.size()), golden);
+}
+
 TEST(CidFontType0, EmptyRequestHoldsNotdef) {
   CffBuilder builder = nameKeyedFont(4);
   const Written font(builder, {});

@@ -10,6 +10,7 @@ namespace {
 
 using qxtest::bytesOf;
 using qxtest::CffBuilder;
+using qxtest::cffIndex;
 using qxtest::CharStringBuilder;
 using qxtest::DictBuilder;
 using qxtest::DictForm;
@@ -45,6 +46,26 @@ TEST(ConformingCff, KeepsIdsAndWritesEveryGlyph) {
             (FS_CFFStrings{glyphOf(0), kEmpty, glyphOf(2), kEmpty, glyphOf(4), kEmpty}));
   EXPECT_EQ(font.info.getCIDFromGID(4), 4);
   EXPECT_EQ(font.info.strings, std::vector<std::string>{"own"});
+}
+
+TEST(ConformingCff, GoldenBytesOfASmallFont) {
+  CffBuilder builder = nameKeyedFont(4);
+  builder.offsetForm = builder.privateOffsetForm = DictForm::shortest;
+  const auto place = [](std::size_t value) {
+    return DictBuilder().number(static_cast<int>(value), DictForm::fourBytes).str();
+  };
+  const std::string charStrings = cffIndex({glyphOf(0), kEmpty, glyphOf(2), kEmpty});
+  const std::string privateDict =
+      builder.privates[0].dict.str() + place(9) + bytesOf({19});  // its subroutines lie behind it
+  const std::size_t top = 5 + 1 + 5 + 1 + 10 + 1;                 // charset, CharStrings, Private
+  const std::size_t charset = 4 + 9 + 5 + top + 8 + 2;            // names, Top DICT, strings, none
+  const std::size_t atCharStrings = charset + builder.charset.size();
+  const std::string dict = place(charset) + bytesOf({15}) + place(atCharStrings) + bytesOf({17}) +
+                           place(privateDict.size()) + place(atCharStrings + charStrings.size()) +
+                           bytesOf({18});
+  EXPECT_EQ(conformingFrom(builder, {2}, 4),
+            bytesOf({1, 0, 4, 4}) + cffIndex({"Test"}) + cffIndex({dict}) + cffIndex({"own"}) +
+                cffIndex({}) + builder.charset + charStrings + privateDict + cffIndex({"\x0B"}));
 }
 
 TEST(ConformingCff, WritesAsManyGlyphsAsMaxpSays) {
