@@ -7,9 +7,11 @@ variable QXFONT names the program; ctest sets it.
 
 import ctypes
 import functools
+import glob
 import io
 import json
 import os
+import random
 import re
 import shutil
 import subprocess
@@ -112,6 +114,9 @@ class FreeTypeFace:
 
     def close(self):
         LIBRARY.FT_Done_Face(self.face)
+
+    def glyph_count(self):
+        return self.face.contents.num_glyphs
 
     def units(self):
         return self.face.contents.units_per_EM
@@ -416,6 +421,48 @@ class EmbedTest(CffTest):
         self.assertEqual(done.returncode, 3)
         self.assertIn(f"glyphs that do not convert: {gid}\n", done.stderr.decode())
         self.assertFalse(os.path.exists(self.path("out")))
+
+
+class ConformingTest(CffTest):
+    @staticmethod
+    def sources():
+        folders = ("/usr/share/fonts/opentype/*", "/usr/share/texmf/fonts/opentype/public/*")
+        return sorted(path for folder in folders for path in glob.glob(f"{folder}/*.otf"))
+
+    @staticmethod
+    def is_sanitary(path):
+        return subprocess.run(["ots-sanitize", path, os.devnull], capture_output=True,
+                              check=False).returncode == 0
+
+    def test_strict_readers_take_the_subset_of_every_font_that_they_take(self):
+        fonts = [font for font in self.sources() if self.is_sanitary(font)]
+        self.assertGreater(len(fonts), 100)
+        for font in [*fonts, cid_keyed()]:
+            with self.subTest(font=font), TTFont(font, lazy=True) as source:
+                characters = sorted(source.getBestCmap())
+                chosen = random.Random(font).sample(characters, min(50, len(characters)))
+                unicodes = ",".join(f"U+{code:04X}" for code in chosen)
+                data, summary = self.embed(font, "sfnt-all", "--unicodes", unicodes,
+                                           "--allow-restricted")
+                self.assertTrue(self.is_sanitary(self.path("out")))
+                face, written = FreeTypeFace(read(font)), FreeTypeFace(data)
+                self.assertEqual(written.glyph_count(), source["maxp"].numGlyphs)
+                for gid in [0] + [row["id"] for row in summary["map"]]:
+                    self.assertEqual(written.drawn(gid), face.drawn(gid), gid)
+                face.close()
+                written.close()
+
+    def test_parts_of_composites_are_kept_and_other_glyphs_are_empty(self):
+        font = seac(self.path("seac.otf"))
+        data, _ = self.embed(font, "sfnt-all", "--text", "Á")
+        self.assertTrue(self.is_sanitary(self.path("out")))
+        source, written = FreeTypeFace(read(font)), FreeTypeFace(data)
+        kept = {opened(font).getGlyphID(name) for name in (".notdef", "Aacute", "A", "acute")}
+        for gid in range(opened(font)["maxp"].numGlyphs):
+            if gid in kept:
+                self.assertEqual(written.drawn(gid), source.drawn(gid), gid)
+            else:
+                self.assertEqual(written.drawn(gid)[1:], ([], []), gid)
 
 
 class StartData:
