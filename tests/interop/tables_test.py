@@ -22,7 +22,7 @@ import unittest
 
 from fontTools.fontBuilder import FontBuilder
 from fontTools.pens.ttGlyphPen import TTGlyphPen
-from fontTools.ttLib import TTFont
+from fontTools.ttLib import TTCollection, TTFont
 from fontTools.ttLib.tables.DefaultTable import DefaultTable
 from fontTools.ttLib.tables._c_m_a_p import CmapSubtable
 
@@ -37,11 +37,20 @@ LOOKED_UP = (12, 4, 2, 0)  # in the order of preference
 logging.getLogger("fontTools").setLevel(logging.ERROR)
 
 
-def installed():
-    """Every installed single font with an sfnt around it, each once."""
+def installed(*extensions):
+    """Every installed font file of these kinds, each once."""
     listed = subprocess.run(["fc-list", "-f", "%{file}\n"], capture_output=True, check=True)
     paths = {os.path.realpath(path) for path in listed.stdout.decode().split("\n") if path}
-    return sorted(path for path in paths if path.lower().endswith((".ttf", ".otf")))
+    return sorted(path for path in paths if path.lower().endswith(extensions))
+
+
+def installed_members():
+    """Every face of the installed collections; those with CFF outlines are none of the service."""
+    faces = []
+    for path in installed(".ttc"):
+        with TTCollection(path, lazy=True) as collection:
+            faces += [(path, face) for face, font in enumerate(collection.fonts) if "glyf" in font]
+    return faces
 
 
 class ToolTest(unittest.TestCase):
@@ -60,9 +69,9 @@ class ToolTest(unittest.TestCase):
         self.assertEqual(done.returncode, status, f"{arguments} {done.stderr.decode()}")
         return done
 
-    def dump(self, font, what):
+    def dump(self, font, what, *more):
         """The table with its keys as numbers, or tuples of them."""
-        rows = json.loads(self.run_tool("dump", font, what, "--json").stdout)
+        rows = json.loads(self.run_tool("dump", font, what, "--json", *more).stdout)
         return {key_of(key): value for key, value in rows.items()}
 
     def over(self, fonts, check):
@@ -178,12 +187,19 @@ EXPECTED = {"cmap": expected_cmap, "widths": expected_widths, "kern": expected_k
 
 class InstalledFontsTest(ToolTest):
     def test_whole_tables(self):
-        self.over(installed(), self.check_tables)
+        self.over(installed(".ttf", ".otf"), lambda path: self.check_tables(path, -1))
 
-    def check_tables(self, path):
-        with TTFont(path, lazy=True) as font:
+    def test_whole_tables_of_members(self):
+        faces = installed_members()
+        if not faces:
+            self.skipTest("no TrueType collection is installed")
+        self.over(faces, lambda member: self.check_tables(*member))
+
+    def check_tables(self, path, face):
+        more = ["--face", str(face)] if face >= 0 else []
+        with TTFont(path, lazy=True, fontNumber=face) as font:
             for what in TABLES:
-                self.assertTrue(self.dump(path, what) == EXPECTED[what](font), what)
+                self.assertTrue(self.dump(path, what, *more) == EXPECTED[what](font), what)
 
 
 class DumpTest(ToolTest):
@@ -383,7 +399,7 @@ def has_outlines(path):
 class SubsetTest(ToolTest):
     @classmethod
     def setUpClass(cls):
-        cls.fonts = [path for path in installed() if has_outlines(path)]
+        cls.fonts = [path for path in installed(".ttf", ".otf") if has_outlines(path)]
 
     def embed(self, path, form, *more):
         out = self.path(path.replace("/", "_") + "." + form)
