@@ -7,6 +7,7 @@ The variable QXFONT names the program; ctest sets it. Where the two must differ,
 the test.
 """
 
+import collections
 import concurrent.futures
 import glob
 import io
@@ -114,19 +115,23 @@ def first_of_each_format(tables):
     return held
 
 
-def held_subtables(font):
+def held_of(font):
+    return held_subtables(font["cmap"].tables, "OS/2" in font)
+
+
+def held_subtables(all_tables, has_os2):
     """Windows and Macintosh subtables come before those of the Unicode platform, of which (0, 3)
     stands in where no other has its format. Fonts without OS/2 know no such order."""
-    tables = [one for one in font["cmap"].tables if takes_part(one, False)]
+    tables = [one for one in all_tables if takes_part(one, False)]
     put_off = [one for one in tables if (one.platformID, one.platEncID) == (0, 3)]
     held = first_of_each_format([one for one in tables if one not in put_off])
-    if "OS/2" in font and any(number in held for number in LOOKED_UP):
+    if has_os2 and any(number in held for number in LOOKED_UP):
         return first_of_each_format([*held.values(), *put_off])
-    return first_of_each_format([one for one in font["cmap"].tables if takes_part(one, True)])
+    return first_of_each_format([one for one in all_tables if takes_part(one, True)])
 
 
 def expected_cmap(font):
-    held = held_subtables(font)
+    held = held_of(font)
     table = next((held[number] for number in LOOKED_UP if number in held), None)
     if table is None:
         return {}
@@ -170,7 +175,7 @@ def expected_classes(font):
 
 
 def expected_variations(font):
-    table = held_subtables(font).get(14)
+    table = held_of(font).get(14)
     ordinary = expected_cmap(font)
     sequences = {}
     for selector, listed in (table.uvsDict if table else {}).items():
@@ -180,6 +185,42 @@ def expected_variations(font):
                 sequences[code, selector] = glyph
     return sequences
 
+
+Record = collections.namedtuple("Record", "platformID platEncID format start")
+
+
+def expected_chars(font):
+    """The most characters that a subtable says it maps, whatever their glyphs are."""
+    data = font.reader["cmap"]
+    places = [struct.unpack(">HHL", data[at:at + 8])
+              for at in range(4, 4 + 8 * struct.unpack(">H", data[2:4])[0], 8)]
+    records = [Record(*place[:2], *struct.unpack(">H", data[place[2]:place[2] + 2]), place[2])
+               for place in places]
+    held = held_subtables(records, "OS/2" in font)
+    return max(COUNTED[number](data[record.start:]) for number, record in held.items()
+               if number in COUNTED)
+
+
+def counted_bytes(data):
+    return 1 + sum(glyph != 0 for glyph in data[6:262])
+
+
+def counted_segments(data):
+    """Those before the first that ends at 0xFFFF."""
+    count = struct.unpack(">H", data[6:8])[0] // 2
+    ends = struct.unpack(f">{count}H", data[14:14 + 2 * count])
+    starts = struct.unpack(f">{count}H", data[16 + 2 * count:16 + 4 * count])
+    stop = ends.index(0xFFFF)
+    return sum(end - start + 1 for start, end in zip(starts[:stop], ends[:stop]))
+
+
+def counted_groups(data):
+    count = struct.unpack(">L", data[12:16])[0]
+    groups = struct.unpack(f">{3 * count}L", data[16:16 + 12 * count])
+    return sum(groups[1::3]) - sum(groups[::3]) + count
+
+
+COUNTED = {0: counted_bytes, 4: counted_segments, 12: counted_groups}
 
 EXPECTED = {"cmap": expected_cmap, "widths": expected_widths, "kern": expected_kern,
             "classes": expected_classes, "variations": expected_variations}
@@ -200,6 +241,8 @@ class InstalledFontsTest(ToolTest):
         with TTFont(path, lazy=True, fontNumber=face) as font:
             for what in TABLES:
                 self.assertTrue(self.dump(path, what, *more) == EXPECTED[what](font), what)
+            facts = json.loads(self.run_tool("info", path, "--json", *more).stdout)
+            self.assertEqual(facts["embedding"]["chars"], expected_chars(font))
 
 
 class DumpTest(ToolTest):
@@ -421,7 +464,7 @@ class SubsetTest(ToolTest):
     def test_strict_readers_take_the_subsets_of_fonts_that_they_take(self):
         if shutil.which("ots-sanitize") is None:
             self.skipTest("the OpenType Sanitizer is not installed")
-        sound = [path for path in self.fonts if sanitizes(path)]
+        sound = [path for path in installed(".ttf", ".otf") if sanitizes(path)]
         self.over(sound, lambda path: self.assertTrue(sanitizes(self.embed(path, "sfnt-all")[0]),
                                                       path))
 
