@@ -172,8 +172,13 @@ class SuitcaseTest(ContainerTest):
             out = self.path("out")
             done = subprocess.run([QXFONT, "embed", self.file, "--form", form, "--text", "a",
                                    *more, "-o", out], capture_output=True, check=False)
-            self.assertNotEqual(done.returncode, 0, form)
+            self.assertEqual(done.returncode, 2, form)
             self.assertFalse(os.path.exists(out))
+
+    def test_strict_readers_take_a_form_that_they_have(self):
+        out = self.path("out.ttf")
+        self.run_tool("embed", self.file, "--form", "sfnt-all", "--text", "a", "-o", out)
+        self.assertEqual(set(tables_of(out)), set(tables_of(self.SOURCES[0])) - {"DSIG"})
 
     def test_a_face_that_is_not_there(self):
         self.run_tool("info", self.file, "--face", str(len(self.SOURCES)), status=1)

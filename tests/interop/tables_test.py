@@ -7,6 +7,7 @@ The variable QXFONT names the program; ctest sets it. Where the two must differ,
 the test.
 """
 
+import collections
 import concurrent.futures
 import glob
 import io
@@ -22,7 +23,7 @@ import unittest
 
 from fontTools.fontBuilder import FontBuilder
 from fontTools.pens.ttGlyphPen import TTGlyphPen
-from fontTools.ttLib import TTFont
+from fontTools.ttLib import TTCollection, TTFont
 from fontTools.ttLib.tables.DefaultTable import DefaultTable
 from fontTools.ttLib.tables._c_m_a_p import CmapSubtable
 
@@ -37,11 +38,20 @@ LOOKED_UP = (12, 4, 2, 0)  # in the order of preference
 logging.getLogger("fontTools").setLevel(logging.ERROR)
 
 
-def installed():
-    """Every installed single font with an sfnt around it, each once."""
+def installed(*extensions):
+    """Every installed font file of these kinds, each once."""
     listed = subprocess.run(["fc-list", "-f", "%{file}\n"], capture_output=True, check=True)
     paths = {os.path.realpath(path) for path in listed.stdout.decode().split("\n") if path}
-    return sorted(path for path in paths if path.lower().endswith((".ttf", ".otf")))
+    return sorted(path for path in paths if path.lower().endswith(extensions))
+
+
+def installed_members():
+    """Every face of the installed collections; those with CFF outlines are none of the service."""
+    faces = []
+    for path in installed(".ttc"):
+        with TTCollection(path, lazy=True) as collection:
+            faces += [(path, face) for face, font in enumerate(collection.fonts) if "glyf" in font]
+    return faces
 
 
 class ToolTest(unittest.TestCase):
@@ -60,9 +70,9 @@ class ToolTest(unittest.TestCase):
         self.assertEqual(done.returncode, status, f"{arguments} {done.stderr.decode()}")
         return done
 
-    def dump(self, font, what):
+    def dump(self, font, what, *more):
         """The table with its keys as numbers, or tuples of them."""
-        rows = json.loads(self.run_tool("dump", font, what, "--json").stdout)
+        rows = json.loads(self.run_tool("dump", font, what, "--json", *more).stdout)
         return {key_of(key): value for key, value in rows.items()}
 
     def over(self, fonts, check):
@@ -105,19 +115,23 @@ def first_of_each_format(tables):
     return held
 
 
-def held_subtables(font):
+def held_of(font):
+    return held_subtables(font["cmap"].tables, "OS/2" in font)
+
+
+def held_subtables(all_tables, has_os2):
     """Windows and Macintosh subtables come before those of the Unicode platform, of which (0, 3)
     stands in where no other has its format. Fonts without OS/2 know no such order."""
-    tables = [one for one in font["cmap"].tables if takes_part(one, False)]
+    tables = [one for one in all_tables if takes_part(one, False)]
     put_off = [one for one in tables if (one.platformID, one.platEncID) == (0, 3)]
     held = first_of_each_format([one for one in tables if one not in put_off])
-    if "OS/2" in font and any(number in held for number in LOOKED_UP):
+    if has_os2 and any(number in held for number in LOOKED_UP):
         return first_of_each_format([*held.values(), *put_off])
-    return first_of_each_format([one for one in font["cmap"].tables if takes_part(one, True)])
+    return first_of_each_format([one for one in all_tables if takes_part(one, True)])
 
 
 def expected_cmap(font):
-    held = held_subtables(font)
+    held = held_of(font)
     table = next((held[number] for number in LOOKED_UP if number in held), None)
     if table is None:
         return {}
@@ -161,7 +175,7 @@ def expected_classes(font):
 
 
 def expected_variations(font):
-    table = held_subtables(font).get(14)
+    table = held_of(font).get(14)
     ordinary = expected_cmap(font)
     sequences = {}
     for selector, listed in (table.uvsDict if table else {}).items():
@@ -172,18 +186,63 @@ def expected_variations(font):
     return sequences
 
 
+Record = collections.namedtuple("Record", "platformID platEncID format start")
+
+
+def expected_chars(font):
+    """The most characters that a subtable says it maps, whatever their glyphs are."""
+    data = font.reader["cmap"]
+    places = [struct.unpack(">HHL", data[at:at + 8])
+              for at in range(4, 4 + 8 * struct.unpack(">H", data[2:4])[0], 8)]
+    records = [Record(*place[:2], *struct.unpack(">H", data[place[2]:place[2] + 2]), place[2])
+               for place in places]
+    held = held_subtables(records, "OS/2" in font)
+    return max(COUNTED[number](data[record.start:]) for number, record in held.items()
+               if number in COUNTED)
+
+
+def counted_bytes(data):
+    return 1 + sum(glyph != 0 for glyph in data[6:262])
+
+
+def counted_segments(data):
+    """Those before the first that ends at 0xFFFF."""
+    count = struct.unpack(">H", data[6:8])[0] // 2
+    ends = struct.unpack(f">{count}H", data[14:14 + 2 * count])
+    starts = struct.unpack(f">{count}H", data[16 + 2 * count:16 + 4 * count])
+    stop = ends.index(0xFFFF)
+    return sum(end - start + 1 for start, end in zip(starts[:stop], ends[:stop]))
+
+
+def counted_groups(data):
+    count = struct.unpack(">L", data[12:16])[0]
+    groups = struct.unpack(f">{3 * count}L", data[16:16 + 12 * count])
+    return sum(groups[1::3]) - sum(groups[::3]) + count
+
+
+COUNTED = {0: counted_bytes, 4: counted_segments, 12: counted_groups}
+
 EXPECTED = {"cmap": expected_cmap, "widths": expected_widths, "kern": expected_kern,
             "classes": expected_classes, "variations": expected_variations}
 
 
 class InstalledFontsTest(ToolTest):
     def test_whole_tables(self):
-        self.over(installed(), self.check_tables)
+        self.over(installed(".ttf", ".otf"), lambda path: self.check_tables(path, -1))
 
-    def check_tables(self, path):
-        with TTFont(path, lazy=True) as font:
+    def test_whole_tables_of_members(self):
+        faces = installed_members()
+        if not faces:
+            self.skipTest("no TrueType collection is installed")
+        self.over(faces, lambda member: self.check_tables(*member))
+
+    def check_tables(self, path, face):
+        more = ["--face", str(face)] if face >= 0 else []
+        with TTFont(path, lazy=True, fontNumber=face) as font:
             for what in TABLES:
-                self.assertTrue(self.dump(path, what) == EXPECTED[what](font), what)
+                self.assertTrue(self.dump(path, what, *more) == EXPECTED[what](font), what)
+            facts = json.loads(self.run_tool("info", path, "--json", *more).stdout)
+            self.assertEqual(facts["embedding"]["chars"], expected_chars(font))
 
 
 class DumpTest(ToolTest):
@@ -383,7 +442,7 @@ def has_outlines(path):
 class SubsetTest(ToolTest):
     @classmethod
     def setUpClass(cls):
-        cls.fonts = [path for path in installed() if has_outlines(path)]
+        cls.fonts = [path for path in installed(".ttf", ".otf") if has_outlines(path)]
 
     def embed(self, path, form, *more):
         out = self.path(path.replace("/", "_") + "." + form)
@@ -405,7 +464,7 @@ class SubsetTest(ToolTest):
     def test_strict_readers_take_the_subsets_of_fonts_that_they_take(self):
         if shutil.which("ots-sanitize") is None:
             self.skipTest("the OpenType Sanitizer is not installed")
-        sound = [path for path in self.fonts if sanitizes(path)]
+        sound = [path for path in installed(".ttf", ".otf") if sanitizes(path)]
         self.over(sound, lambda path: self.assertTrue(sanitizes(self.embed(path, "sfnt-all")[0]),
                                                       path))
 

@@ -42,7 +42,7 @@ class NumberedFace {
   explicit NumberedFace(const FS_FontInfo& font) : entry_(font.getEntry()) {
     if (font.getFont() == nullptr) return;
     font_ = dynamic_cast<SfntFont*>(font.getFont()->getExtraBaseFont());
-    if (font_ != nullptr) info_ = font_->getTrueTypeInfo(entry_);
+    info_ = SfntFont::recordOf(*font.getFont(), entry_);
   }
 
   [[nodiscard]] bool exists() const { return info_ != nullptr; }

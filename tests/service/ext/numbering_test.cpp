@@ -8,6 +8,7 @@
 #include "qxfontservice/ext/open_file.h"
 
 #include "pool/registry/registry_fixture.h"
+#include "support/dfont_builder.h"
 #include "support/sample_font.h"
 #include "support/sample_open_type.h"
 
@@ -111,6 +112,15 @@ TEST_F(Numbering, RowsTellCharacterAndWidth) {
   EXPECT_EQ(numbers[1].width, 250);
   EXPECT_EQ(numbers[2].unicode, 'B');
   EXPECT_EQ(numbers[2].width, 600);
+}
+
+TEST_F(Numbering, AMemberOfASuitcaseIsNumberedToo) {
+  world.file("/x/a.dfont",
+             qxtest::DfontBuilder().resource("sfnt", qxtest::sampleFont().build()).build());
+  ASSERT_TRUE(openFontFile(QXUri(u"/x/a.dfont", QXCommonNS::URISTR_USER), 0, font));
+  const auto numbers = numberGlyphs(font, NumberedForm::embedFont, {2});
+  ASSERT_EQ(numbers.size(), 1U);
+  EXPECT_EQ(numbers[0].unicode, 'A');
 }
 
 TEST_F(Numbering, GlyphsPastTheEndAndEmptyHandlesHaveNone) {

@@ -11,9 +11,10 @@
 #include "font/written_form.h"
 #include "pool/registry/registry_fixture.h"
 #include "service/font_info_access.h"
+#include "support/dfont_builder.h"
 #include "support/sample_font.h"
 #include "support/sample_open_type.h"
-#include "support/truncation.h"
+#include "support/ttc_builder.h"
 
 namespace QXFontService_NS::ext {
 namespace {
@@ -71,6 +72,23 @@ TEST_F(ConformingSubset, CanBeReadAgain) {
   open(subset({2}), "/x/again.ttf");
   EXPECT_EQ(font.getGlyphID('A', false), 2);
   EXPECT_EQ(font.getGlyphWidth(3, 0, false), 600);
+}
+
+TEST_F(ConformingSubset, OfAMemberIsThatOfTheSameFontAlone) {
+  const qxtest::SfntBuilder other = sampleFont().without("kern").table("extr", "a");
+  open(other.build());
+  const std::string alone = subset({2});
+  font.deleteFont();
+  world.file("/x/a.ttc", qxtest::TtcBuilder().member(sampleFont()).member(other).build());
+  ASSERT_TRUE(openFontFile(QXUri(u"/x/a.ttc", QXCommonNS::URISTR_USER), 1, font));
+  EXPECT_EQ(subset({2}), alone);
+  font.deleteFont();
+  world.file("/x/a.dfont", qxtest::DfontBuilder()
+                               .resource("sfnt", sampleFont().build())
+                               .resource("sfnt", other.build())
+                               .build());
+  ASSERT_TRUE(openFontFile(QXUri(u"/x/a.dfont", QXCommonNS::URISTR_USER), 1, font));
+  EXPECT_EQ(subset({2}), alone);
 }
 
 TEST_F(ConformingSubset, GlyphsThatTheFontLacksAreNoGlyphs) {
