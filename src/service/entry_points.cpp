@@ -8,6 +8,7 @@
 
 #include "pool/config/config_uri.h"
 #include "pool/registry/font_registry.h"
+#include "pool/registry/opening_watcher.h"
 #include "pool/system/system_font_folder.h"
 #include "pool/tables/global_lock.h"
 #include "service/enumeration.h"
@@ -33,6 +34,16 @@ QXError openQuietly(const char* envName) {
   }
 }
 
+int addFolderQuietly(const QXUri& folder) {
+  try {
+    // A host need not keep this apart from its lookups: the lock is taken for it.
+    const QXMutex guard(&FS_GlobalLock());
+    return openService()->addFontFolderPath(folder);
+  } catch (const QXError&) {
+    return 0;
+  }
+}
+
 int readError(QXError* out, int index) {
   const QXMutex guard(&FS_GlobalLock());
   const std::vector<QXError>& errors = openService()->errors();
@@ -47,6 +58,7 @@ int readError(QXError* out, int index) {
 
 FS_ERROR FontServiceOpen(const char* envName, QXError* error) {
   const QXError result = openQuietly(envName);
+  opening::passFailure();
   if (error != nullptr) {
     *error = result;
   } else if (result.getErrorCode() != 0) {
@@ -83,13 +95,9 @@ bool FS_GetFontFoldPathVector(const char* envName, std::vector<UnicodeString>& o
 }
 
 int FS_AddFontFolderPath(const QXUri& folder) {
-  try {
-    // A host need not keep this apart from its lookups: the lock is taken for it.
-    const QXMutex guard(&FS_GlobalLock());
-    return openService()->addFontFolderPath(folder);
-  } catch (const QXError&) {
-    return 0;
-  }
+  const int count = addFolderQuietly(folder);
+  opening::passFailure();
+  return count;
 }
 
 int FS_EnumFontFamilies(const UnicodeString& family, FS_EnumFontCallback callback, void* user,

@@ -133,7 +133,8 @@ class CallTest(QxfontTest):
 
     def test_help_is_there_for_the_program_and_each_command(self):
         shown = self.run_tool("--help").out
-        for command in ("list", "match", "info", "dump", "glyphs", "embed", "typeset"):
+        for command in ("list", "match", "info", "dump", "glyphs", "embed", "typeset",
+                        "scan", "doctor"):
             self.assertIn(command, shown)
             self.assertIn("--only", self.run_tool(command, "--help").out)
 

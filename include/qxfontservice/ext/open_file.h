@@ -25,4 +25,8 @@ namespace QXFontService_NS::ext {
 ///     }
 QX_EXPORT bool openFontFile(const QXUri& file, int face, FS_FontInfo& out);
 
+/// How many faces the file of a handle has, which is the bound for `face` above: 1 for a single
+/// font, 0 for an empty handle. Any thread.
+QX_EXPORT int faceCount(const FS_FontInfo& font);
+
 }  // namespace QXFontService_NS::ext

@@ -39,7 +39,7 @@ void EudcLoader::loadDefault() {
     registry_.services().setEudcDefault(true, {vertical, 0});
     registry_.mainPool().addFontUnique(vertical, UnicodeString(u"V"));
   }
-  if (error.getErrorCode() != 0) registry_.errors().push_back(error);
+  if (error.getErrorCode() != 0) registry_.collectError(error, file);
 }
 
 void EudcLoader::linkFamilies() {

@@ -1,11 +1,13 @@
 #include "pool/registry/font_registry.h"
 
 #include <cstdlib>
+#include <utility>
 
 #include "pool/config/config_report.h"
 #include "pool/config/config_uri.h"
 #include "pool/config/read_config.h"
 #include "pool/registry/eudc_loader.h"
+#include "pool/registry/opening_watcher.h"
 #include "pool/system/system_eudc.h"
 #include "pool/system/system_font_folder.h"
 #include "pool/tables/global_lock.h"
@@ -27,12 +29,30 @@ constexpr int kLastPrivateUse = 0xF8FF;
 
 FS_FontRegistry* theRegistry = nullptr;
 
+/// Whose configuration is being read; errors of it are about that file.
+FS_FontRegistry* theReader = nullptr;
+
+/// Makes an object the reader for the time of a scope.
+class ReadingConfiguration {
+ public:
+  explicit ReadingConfiguration(FS_FontRegistry& reader)
+      : outer_(std::exchange(theReader, &reader)) {}
+  ~ReadingConfiguration() { theReader = outer_; }
+  ReadingConfiguration(const ReadingConfiguration&) = delete;
+  ReadingConfiguration& operator=(const ReadingConfiguration&) = delete;
+
+ private:
+  FS_FontRegistry* outer_;
+};
+
 /// Collected errors go to the process-wide list, whichever object was being read.
 class RegistryErrorSink final : public ErrorSink {
  public:
   void append(const QXError& error) override {
     const QXMutex guard(&FS_GlobalLock());
-    if (theRegistry != nullptr) theRegistry->errors().push_back(error);
+    if (theRegistry == nullptr) return;
+    theRegistry->collectError(error,
+                              theReader != nullptr ? theReader->settings().configUri : QXUri());
   }
 };
 
@@ -114,6 +134,7 @@ void FS_FontRegistry::readEudc() {
 }
 
 void FS_FontRegistry::readConfig(const char* envName, const char* homeEnvName) {
+  const ReadingConfiguration reading(*this);
   settings_.configUri = envName != nullptr && *envName != '\0' ? FS_ConfigUri(envName) : QXUri();
   UnicodeString path = settings_.configUri.getLocalPath(false);
   if (!settings_.configUri.isEmpty() && settings_.configUri.isFileExists()) {
@@ -150,8 +171,19 @@ FS_FontRef FS_FontRegistry::findFont(const UnicodeString& name, const FS_FontKey
   return alias;
 }
 
+void FS_FontRegistry::collectError(const QXError& error, const QXUri& file) {
+  if (!file.isEmpty()) errorFiles_[errors_.size()] = file;
+  errors_.push_back(error);
+}
+
+QXUri FS_FontRegistry::errorFile(std::size_t index) const {
+  const auto found = errorFiles_.find(index);
+  return found == errorFiles_.end() ? QXUri() : found->second;
+}
+
 void resetServiceForTests() {
   destroyRegistry();
+  opening::setWatcher(nullptr);
   QXCommonNS::setPlatformForTests(nullptr);
 }
 

@@ -3,6 +3,7 @@
 #include <unicode/unistr.h>
 
 #include <istream>
+#include <map>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -14,6 +15,7 @@
 #include "font/contract/base_font.h"
 #include "font/contract/font_folder.h"
 #include "pool/registry/registry_services.h"
+#include "pool/registry/type1_files.h"
 #include "pool/settings/font_folders.h"
 #include "pool/settings/service_settings.h"
 #include "pool/tables/font_pool.h"
@@ -91,6 +93,13 @@ class FS_FontRegistry {
   [[nodiscard]] FS_FontPool& aliasPool() { return aliasPool_; }
   [[nodiscard]] std::vector<QXError>& errors() { return errors_; }
   [[nodiscard]] RegistryServices& services() { return services_; }
+  [[nodiscard]] Type1Files& type1Files() { return type1Files_; }
+
+  /// Collects an error with the file that it is about, which may be empty.
+  void collectError(const QXError& error, const QXUri& file);
+
+  /// The file of a collected error, by its index; empty where none is known.
+  [[nodiscard]] QXUri errorFile(std::size_t index) const;
 
  private:
   void openPools();
@@ -103,8 +112,14 @@ class FS_FontRegistry {
   FS_FontPool mainPool_;
   FS_FontPool aliasPool_;
   std::vector<QXError> errors_;
+  std::map<std::size_t, QXUri> errorFiles_;  // by index in errors_
+  Type1Files type1Files_;
   RegistryServices services_;
 };
+
+/// The location of a file that a listing gave: the name is joined as it stands, since any
+/// character but the separator may be part of it.
+QXUri fileUriIn(const FS_FontFolder& folder, const FS_FontFileName& name);
 
 /// Whether the configuration of its folder keeps a file out.
 bool isExcluded(const FS_FontFolder& folder, const FS_FontFileName& name);

@@ -6,6 +6,7 @@
 #include "font/contract/file_type_rule.h"
 #include "font/make_sfnt_font.h"
 #include "pool/registry/font_registry.h"
+#include "pool/registry/opening_watcher.h"
 
 namespace QXFontService_NS {
 namespace {
@@ -15,13 +16,11 @@ void markOrigin(FS_BaseFont& font, int flags) {
   if ((flags & kLoadEudc) != 0) font.addFontFlags(FS_BaseFont::kEudcFont);
 }
 
-/// The location of a file that a listing gave: the name is joined as it stands, since any
-/// character but the separator may be part of it.
-QXUri fileUri(const FS_FontFolder& folder, const FS_FontFileName& name) {
+}  // namespace
+
+QXUri fileUriIn(const FS_FontFolder& folder, const FS_FontFileName& name) {
   return QXUri(folder.getText() + name.name, QXCommonNS::URISTR_FOLDER);
 }
-
-}  // namespace
 
 FS_BaseFont* FS_FontRegistry::createFontObject(FS_FontFolder* folder, const QXUri& uri,
                                                FS_FontFileType type) {
@@ -30,7 +29,7 @@ FS_BaseFont* FS_FontRegistry::createFontObject(FS_FontFolder* folder, const QXUr
 
 FS_BaseFont* FS_FontRegistry::loadFont(FS_FontFolder& folder, const FS_FontFileName& name,
                                        int flags) {
-  const QXUri uri = fileUri(folder, name);
+  const QXUri uri = fileUriIn(folder, name);
   const std::unique_ptr<std::istream> stream(uri.getIStream(nullptr, nullptr));
   if (!stream) return nullptr;
 
@@ -47,7 +46,8 @@ FS_BaseFont* FS_FontRegistry::loadFont(FS_FontFolder& folder, const FS_FontFileN
   markOrigin(*font, flags);
   QXError error;
   const bool usable = font->readFont(&error, stream.get());
-  if (error.getErrorCode() != 0) errors_.push_back(error);
+  if (error.getErrorCode() != 0) collectError(error, uri);
+  opening::tellFile(usable ? font->getEntryCount() : 0);
   if (!usable) return nullptr;
 
   mainPool_.keepFont(font.get());

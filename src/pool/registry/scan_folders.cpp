@@ -10,6 +10,7 @@
 #include "common/platform/platform.h"
 #include "font/contract/file_type_rule.h"
 #include "pool/registry/font_registry.h"
+#include "pool/registry/opening_watcher.h"
 #include "pool/system/folder_listing.h"
 
 namespace QXFontService_NS {
@@ -19,6 +20,13 @@ using QXCommonNS::FileIdentity;
 using QXCommonNS::FileKind;
 using QXCommonNS::FolderEntry;
 using QXCommonNS::platform;
+
+/// Font programs are no fonts by themselves, so they are noted here and not where fonts are read.
+void noteType1File(FS_FontRegistry& registry, const FS_FontFolder& folder,
+                   const ListedEntry& entry) {
+  if (type1RoleOf(entry.extension()) == Type1Role::none || isExcluded(folder, entry.name)) return;
+  registry.type1Files().note(fileUriIn(folder, entry.name));
+}
 
 /// One walk over the registry's folders. The list grows while it goes on: subfolders go right
 /// behind their parent, so they are scanned before the next folder that was named.
@@ -38,6 +46,7 @@ class FolderScan {
   using Trail = std::vector<FileIdentity>;
 
   void scan(FS_FontFolder& folder) {
+    opening::tellFolder(folder);
     const FS_FontFolder* last = &folder;
     for (const ListedEntry& entry : listSorted(folder)) {
       if (entry.kind == FileKind::regular && !entry.system) {
@@ -50,6 +59,7 @@ class FolderScan {
   }
 
   void loadFile(FS_FontFolder& folder, const ListedEntry& entry) {
+    noteType1File(registry_, folder, entry);
     const FS_FontFileType type = fontFileTypeOfExtension(entry.extension());
     // Web fonts in folders are no fonts of the pool: documents bring them along.
     if (type == FS_FILETYPE_UNKNOWN || type == FS_FILETYPE_WOFF) return;
@@ -124,9 +134,11 @@ int FS_FontRegistry::addFontFolderPath(const QXUri& uri) {
       std::make_unique<FS_FontFolder>(uri.getText(), static_cast<unsigned char>(0), false), nullptr,
       false);
   if (folder == nullptr) return 0;
+  opening::tellFolder(*folder);
   int count = 0;
   for (const ListedEntry& entry : listSorted(*folder)) {
     if (entry.kind != FileKind::regular || entry.system) continue;
+    noteType1File(*this, *folder, entry);
     if (fontFileTypeOfExtension(entry.extension()) == FS_FILETYPE_UNKNOWN) continue;
     if (loadPoolFont(*folder, entry.name, 0)) ++count;
   }

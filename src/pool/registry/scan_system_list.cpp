@@ -5,6 +5,7 @@
 #include "common/platform/platform.h"
 #include "font/contract/file_type_rule.h"
 #include "pool/registry/font_registry.h"
+#include "pool/registry/opening_watcher.h"
 #include "pool/system/folder_listing.h"
 #include "pool/system/registry_text.h"
 
@@ -74,7 +75,10 @@ void FS_FontRegistry::loadListed(const UnicodeString& path) {
 
   FS_FontFolder& folder = folderForFile(uri);
   const FS_FontFileName name = fileNameOf(uri.getFileName());
-  if (!isExcluded(folder, name)) loadPoolFont(folder, name, kLoadSystemList);
+  if (isExcluded(folder, name)) return;
+  opening::tellFolder(folder);
+  type1Files_.note(uri);
+  loadPoolFont(folder, name, kLoadSystemList);
 }
 
 FS_FontFolder& FS_FontRegistry::folderForFile(const QXUri& file) {

@@ -11,6 +11,7 @@
 #include "common/bytes/stream_read.h"
 #include "font/contract/file_type_rule.h"
 #include "pool/registry/font_registry.h"
+#include "service/boundary.h"
 #include "service/errors/font_error_text.h"
 #include "service/font_info_access.h"
 
@@ -85,6 +86,10 @@ bool openFontFile(const QXUri& file, int face, FS_FontInfo& out) {
   }
   FontInfoAccess::error(out) = error;
   return out.isCreatedFont();
+}
+
+int faceCount(const FS_FontInfo& font) {
+  return service::askFont<&FS_BaseFont::getEntryCount>(font.getFont(), 0);
 }
 
 }  // namespace QXFontService_NS::ext

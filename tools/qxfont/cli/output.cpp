@@ -19,24 +19,23 @@ namespace {
 constexpr const char* kBold = "\033[1m";
 constexpr const char* kPlain = "\033[0m";
 
-/// Columns on a terminal: wide characters take two, marks none.
-std::size_t columnsOf(UChar32 character) {
+std::size_t columnsOfCharacter(UChar32 character) {
   const int kind = u_charType(character);
   if (kind == U_NON_SPACING_MARK || kind == U_ENCLOSING_MARK || kind == U_FORMAT_CHAR) return 0;
   const int width = u_getIntPropertyValue(character, UCHAR_EAST_ASIAN_WIDTH);
   return width == U_EA_WIDE || width == U_EA_FULLWIDTH ? 2 : 1;
 }
 
-std::size_t widthOf(const std::string& text) {
+}  // namespace
+
+std::size_t columnsOf(const std::string& text) {
   const icu::UnicodeString units = unicode(text);
   std::size_t width = 0;
   for (int i = 0; i < units.length(); i = units.moveIndex32(i, 1)) {
-    width += columnsOf(units.char32At(i));
+    width += columnsOfCharacter(units.char32At(i));
   }
   return width;
 }
-
-}  // namespace
 
 std::string jsonText(const Json& json) {
   return json.dump(1, ' ', false, Json::error_handler_t::replace);
@@ -66,14 +65,14 @@ void TextTable::add(std::vector<std::string> row) {
 void TextTable::print() const {
   std::vector<std::size_t> widths(rows_.front().size());
   for (const auto& row : rows_) {
-    for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], widthOf(row[i]));
+    for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], columnsOf(row[i]));
   }
   const bool colour = takesColour();
   for (const auto& row : rows_) {
     std::string line;
     for (std::size_t i = 0; i < row.size(); ++i) {
       line += row[i];
-      if (i + 1 < row.size()) line.append(widths[i] - widthOf(row[i]) + 2, ' ');
+      if (i + 1 < row.size()) line.append(widths[i] - columnsOf(row[i]) + 2, ' ');
     }
     const bool title = &row == &rows_.front() && colour;
     fmt::print("{}{}{}\n", title ? kBold : "", line, title ? kPlain : "");

@@ -36,6 +36,9 @@ class TextTable {
 /// Whether standard output takes colour: a terminal, and NO_COLOR is not set.
 bool takesColour();
 
+/// How many columns a text takes on a terminal: wide characters take two, marks none.
+std::size_t columnsOf(const std::string& text);
+
 /// A number for JSON: an integer where it is one, else with the digits that tell it apart as float.
 Json number(double value);
 

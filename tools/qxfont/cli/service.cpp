@@ -13,6 +13,7 @@
 
 #include "qxfont/cli/document_font.h"
 #include "qxfont/cli/folder_configuration.h"
+#include "qxfont/cli/opening_progress.h"
 #include "qxfont/cli/paths.h"
 #include "qxfont/cli/status.h"
 #include "qxfont/cli/text.h"
@@ -22,13 +23,6 @@ namespace {
 
 /// The variable whose name the tool passes to the service.
 constexpr const char* kVariable = "QXFONT_CONFIG";
-
-void requireFolder(const std::string& folder) {
-  std::error_code failed;
-  if (!std::filesystem::is_directory(folder, failed)) {
-    throw ToolError(Status::wrongCall, "no such folder: " + folder);
-  }
-}
 
 void writeText(const std::string& file, const std::string& text) {
   std::ofstream out(file);
@@ -67,16 +61,26 @@ int countFace(fs::FS_FontResourceType, const fs::FS_EnumLogFontEx*, const fs::FS
 
 }  // namespace
 
-Service::Service(const SourceOptions& options) {
+void requireFolder(const std::string& folder) {
+  std::error_code failed;
+  if (!std::filesystem::is_directory(folder, failed)) {
+    throw ToolError(Status::wrongCall, "no such folder: " + folder);
+  }
+}
+
+Service::Service(const SourceOptions& options, Warnings warnings) {
   std::vector<DocumentFont> documents;
   for (const std::string& text : options.documents) documents.push_back(parseDocumentFont(text));
   for (const std::string& folder : options.only) requireFolder(folder);
   for (const std::string& folder : options.add) requireFolder(folder);
 
-  open(options);
-  for (const std::string& folder : options.add) addFolder(folder);
+  {
+    const OpeningProgressBar bar;
+    open(options);
+    for (const std::string& folder : options.add) addFolder(folder);
+  }
   for (const DocumentFont& document : documents) addDocument(document);
-  tellWarnings();
+  if (warnings == Warnings::told) tellWarnings();
 }
 
 void Service::open(const SourceOptions& options) {

@@ -16,9 +16,12 @@ namespace fs = QXFontService_NS;
 /// The opened font service, with the fonts that the command line asked for.
 class Service {
  public:
-  /// Opens the service; what opening collected is told in one line on standard error.
+  /// Whether what opening collected is told in one line on standard error.
+  enum class Warnings { told, untold };
+
+  /// Opens the service, with a progress bar on a terminal.
   /// @throws ToolError when it cannot be opened, or a named folder or font is no good.
-  explicit Service(const SourceOptions& options);
+  explicit Service(const SourceOptions& options, Warnings warnings = Warnings::told);
 
   /// The document's fonts, for lookups.
   [[nodiscard]] fs::FS_ExtraFonts* documentFonts() const { return manager_.getExtraFonts(); }
@@ -28,8 +31,6 @@ class Service {
   [[nodiscard]] int faceCount();
 
  private:
-  // Opening takes a moment with many fonts: where the library tells how far it is, a `Progress`
-  // goes here.
   void open(const SourceOptions& options);
   static void openConfiguration(const std::string& file);
   void openOnly(const std::vector<std::string>& folders);
@@ -41,5 +42,8 @@ class Service {
   std::optional<TemporaryFolder> temporary_;
   fs::FS_ExtraFontManager manager_;
 };
+
+/// @throws ToolError `wrongCall` unless this is a folder.
+void requireFolder(const std::string& folder);
 
 }  // namespace qxfont

@@ -12,6 +12,8 @@ void addCommands(CLI::App& app, Chosen& chosen) {
   addShapeCommand(app, chosen);
   addEmbedCommand(app, chosen);
   addTypesetCommand(app, chosen);
+  addScanCommand(app, chosen);
+  addDoctorCommand(app, chosen);
 }
 
 }  // namespace qxfont

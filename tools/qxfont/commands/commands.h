@@ -20,6 +20,8 @@ void addFeaturesCommand(CLI::App& app, Chosen& chosen);
 void addShapeCommand(CLI::App& app, Chosen& chosen);
 void addEmbedCommand(CLI::App& app, Chosen& chosen);
 void addTypesetCommand(CLI::App& app, Chosen& chosen);
+void addScanCommand(CLI::App& app, Chosen& chosen);
+void addDoctorCommand(CLI::App& app, Chosen& chosen);
 
 /// All commands, in the order in which the help shows them.
 void addCommands(CLI::App& app, Chosen& chosen);
