@@ -137,5 +137,104 @@ class ReadTest(WebFontTest):
         self.run_tool("info", path, status=3)
 
 
+def checksum(data):
+    data += bytes(-len(data) % 4)
+    return sum(struct.unpack(f">{len(data) // 4}I", data)) & 0xFFFFFFFF
+
+
+class WriteTest(WebFontTest):
+    def write(self, source, *more, form="woff", face=0):
+        out = self.path(form)
+        self.run_tool("embed", source, "--face", str(face), "--form", form, "--text", TEXT,
+                      "--allow-restricted", "-o", out, *more)
+        return out
+
+    def test_the_specified_form_is_the_specified_subset_packed(self):
+        for source in SOURCES:
+            with self.subTest(source=source):
+                file = WoffFile(self.write(source, "--as-specified"))
+                subset = self.write(source, "--as-specified", form="sfnt-all")
+                with open(subset, "rb") as read:
+                    sfnt = read.read()
+                self.assertEqual((file.signature, file.length), (b"wOFF", len(file.bytes)))
+                self.assertEqual(file.flavor, int.from_bytes(sfnt[:4], "big"))
+                self.assertEqual(file.total_sfnt_size, len(sfnt))
+                self.assertEqual(file.rest, (0, 1, 0, 0, 0, 0, 0, 0))
+                position = HEADER + ENTRY * file.count
+                for i, entry in enumerate(file.entries):
+                    tag, offset, stored, original, check = entry
+                    record = struct.unpack_from(">4sIII", sfnt, 12 + 16 * i)
+                    self.assertEqual((tag, check, original), (record[0], record[1], record[3]))
+                    table = sfnt[record[2]:record[2] + original]
+                    self.assertEqual(file.table(entry), table)
+                    self.assertEqual(offset, position, "no padding")
+                    self.assertEqual(stored, min(len(zlib.compress(table, 6)), original))
+                    position += stored
+                self.assertEqual(position, len(file.bytes))
+
+    def test_fonttools_reads_both_forms(self):
+        for source in SOURCES:
+            for more in ([], ["--as-specified"]):
+                with self.subTest(source=source, more=more):
+                    packed = tables_of(self.write(source, *more))
+                    subset = tables_of(self.write(source, *more, form="sfnt-all"))
+                    self.assertEqual(packed, subset)
+
+    def test_what_is_written_is_read_back(self):
+        for source in SOURCES:
+            web = self.write(source)
+            out = self.path("back.ttf")
+            os.rename(web, web + ".woff")
+            self.run_tool("embed", web + ".woff", "--form", "stream", "--allow-restricted", "-o", out)
+            self.assertEqual(tables_of(out), tables_of(self.write(source, form="sfnt-all")))
+
+    def test_two_runs_give_the_same_bytes(self):
+        for more in ([], ["--as-specified"]):
+            first = WoffFile(self.write(LATO, *more)).bytes
+            self.assertEqual(WoffFile(self.write(LATO, *more)).bytes, first)
+
+    def test_the_conforming_form_is_laid_out_as_the_format_asks_for(self):
+        for source in SOURCES:
+            with self.subTest(source=source):
+                file = WoffFile(self.write(source))
+                position = HEADER + ENTRY * file.count
+                total = 12 + 16 * file.count
+                for entry in file.entries:
+                    tag, offset, stored, original, check = entry
+                    self.assertEqual(offset, position)
+                    position += stored + -stored % 4
+                    total += original + -original % 4
+                    table = file.table(entry)
+                    if tag == b"head":
+                        table = table[:8] + bytes(4) + table[12:]
+                    self.assertEqual(check, checksum(table), tag)
+                self.assertEqual((position, file.length), (len(file.bytes),) * 2)
+                self.assertEqual(total, file.total_sfnt_size)
+
+    def sanitizes(self, path):
+        return subprocess.run(["ots-sanitize", path, "/dev/null"], capture_output=True,
+                              check=False).returncode == 0
+
+    def test_the_sanitizer_takes_the_conforming_form_of_every_font_that_it_takes_itself(self):
+        taken = 0
+        out = self.path("out.woff")
+        for path in installed():
+            if not self.sanitizes(path):
+                continue
+            with self.subTest(path=path):
+                self.run_tool("embed", path, "--form", "woff", "--gids", "0,1",
+                              "--allow-restricted", "-o", out)
+                self.assertTrue(self.sanitizes(out), path)
+                os.remove(out)
+                taken += 1
+        self.assertGreaterEqual(taken, len(SOURCES))
+
+    def test_members_of_collections_are_written(self):
+        zen_hei = "/usr/share/fonts/truetype/wqy/wqy-zenhei.ttc"
+        for more in ([], ["--as-specified"]):
+            packed = tables_of(self.write(zen_hei, *more, face=1))
+            self.assertEqual(packed, tables_of(self.write(zen_hei, *more, form="sfnt-all", face=1)))
+
+
 if __name__ == "__main__":
     unittest.main()
