@@ -22,8 +22,6 @@ using qxtest::sampleFont;
 using qxtest::SfntBuilder;
 using qxtest::WoffBuilder;
 
-constexpr auto kDefault = QXLang::LANGID_DEFAULT;
-
 /// The sample font as a heavy italic with family class, PANOSE and preferred names.
 SfntBuilder heavyFont() {
   Os2Builder os2;
