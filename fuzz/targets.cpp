@@ -6,6 +6,7 @@ namespace qxfuzz {
 extern const Target kCff;
 extern const Target kCharstrings;
 extern const Target kCmap;
+extern const Target kCollections;
 extern const Target kConfig;
 extern const Target kGdef;
 extern const Target kGlyf;
@@ -16,8 +17,8 @@ extern const Target kSfnt;
 extern const Target kXml;
 
 const std::vector<Target>& targets() {
-  static const std::vector<Target> all = {kCff,  kCharstrings, kCmap,  kConfig, kGdef, kGlyf,
-                                          kGpos, kGsub,        kNames, kSfnt,   kXml};
+  static const std::vector<Target> all = {kCff,  kCharstrings, kCmap, kCollections, kConfig, kGdef,
+                                          kGlyf, kGpos,        kGsub, kNames,       kSfnt,   kXml};
   return all;
 }
 

@@ -4,6 +4,7 @@
 #include "font/open_type.h"
 #include "font/true_type.h"
 #include "font/true_type_collection.h"
+#include "font/woff.h"
 
 namespace QXFontService_NS {
 
@@ -18,6 +19,8 @@ FS_BaseFont* makeSfntFont(FS_FontFileType type, const QXUri& uri, FS_FontFolder*
       return new FS_OpenType(uri, folder);
     case FS_FILETYPE_DFONT:
       return new FS_DFont(uri, folder);
+    case FS_FILETYPE_WOFF:
+      return new FS_WOFF(uri, folder);
     default:
       return nullptr;
   }

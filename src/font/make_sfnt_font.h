@@ -8,7 +8,7 @@ namespace QXFontService_NS {
 class FS_BaseFont;
 class FS_FontFolder;
 
-/// Makes the font object of a file with sfnt data; it reads nothing.
+/// Makes the font object of a file with sfnt data, packed ones too; it reads nothing.
 ///
 /// @param folder the folder that found the file, or null.
 /// @return an object without references, which the caller adds; null for a type that is not sfnt.

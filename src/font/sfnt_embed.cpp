@@ -1,4 +1,7 @@
+#include "qxcommon/mem_stream.h"
+
 #include "common/answer_or.h"
+#include "common/limits.h"
 #include "embed/cff_subset_embed.h"
 #include "embed/conforming/cff_conforming_font.h"
 #include "embed/conforming/true_type_conforming.h"
@@ -7,6 +10,7 @@
 #include "embed/table_lists.h"
 #include "embed/table_selection.h"
 #include "embed/true_type_subset.h"
+#include "embed/woff.h"
 #include "font/sfnt_font.h"
 #include "font/true_type.h"
 #include "font/writing_source.h"
@@ -103,6 +107,16 @@ bool SfntFont::getPSEmbedFont(const GlyphIDs& gids, QXMemStream& out, FS_TTGlyph
                               std::istream* source) {
   return writeFont(entry, source, [&](const WritingSource& font) {
     return embed::writeGlyphDirectoryFont(font.sfnt, gids, map, out);
+  });
+}
+
+bool SfntFont::makeWebFont(const GlyphIDs& gids, QXMemStream& out, int entry,
+                           std::istream* source) {
+  constexpr std::size_t kBlockSize = 8192;
+  return QXCommonNS::answerOr(false, [&] {
+    QXMemStream sfnt(nullptr, kBlockSize, false, true);
+    return makeSubsetFont(gids, sfnt, entry, source) &&
+           sfnt.length() <= QXCommonNS::limits::kMostFileBytes && embed::writeWOFF(out, sfnt);
   });
 }
 

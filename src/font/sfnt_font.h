@@ -84,6 +84,9 @@ class SfntFont : public FS_BaseFont {
   bool getEmbedFontStream(QXMemStream& out, int entry, std::istream* source) override;
   bool getPSEmbedFont(const GlyphIDs& gids, QXMemStream& out, FS_TTGlyphMap& map, int entry,
                       std::istream* source) override;
+  /// The font of `makeSubsetFont` packed as WOFF 1.0, see `embed::writeWOFF`.
+  bool makeWebFont(const GlyphIDs& gids, QXMemStream& out, int entry,
+                   std::istream* source) override;
   bool makeSubsetFont(const GlyphIDs& gids, QXMemStream& out, int entry,
                       std::istream* source) override;
   /// See `embed::cffEmbedGlyphs`: how the bare CFF of `getEmbedFont` numbers its glyphs. Empty for

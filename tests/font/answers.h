@@ -12,6 +12,7 @@
 #include "qxfontservice/tt_glyph_map.h"
 
 #include "font/contract/base_font.h"
+#include "font/written_form.h"
 #include "layout/driver/layout_info.h"
 
 namespace qxtest {
@@ -28,21 +29,6 @@ std::string textOf(Number value) {
   std::ostringstream out;
   out << std::setprecision(9) << +value;
   return out.str();
-}
-
-inline std::string bytesIn(QXFontService_NS::QXMemStream& stream) {
-  std::string bytes(stream.length(), '\0');
-  stream.clear();
-  stream.seekg(0);
-  stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  return bytes;
-}
-
-/// What an operation writes, or "false".
-template <class Operation>
-std::string formOf(Operation operation) {
-  QXFontService_NS::QXMemStream out(nullptr, 8192, false, true);
-  return operation(out) ? bytesIn(out) : "false";
 }
 
 /// A host's glyph map that puts all glyphs into one stream.

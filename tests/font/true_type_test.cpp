@@ -333,6 +333,7 @@ TEST(MakeSfntFont, MakesTheClassOfTheType) {
   EXPECT_EQ(classOf(FS_FILETYPE_OPENTYPE_CID), ID_FS_OpenType);
   EXPECT_EQ(classOf(FS_FILETYPE_TTC), ID_FS_TrueTypeCollection);
   EXPECT_EQ(classOf(FS_FILETYPE_DFONT), ID_FS_DFont);
+  EXPECT_EQ(classOf(FS_FILETYPE_WOFF), ID_FS_WOFF);
   EXPECT_EQ(classOf(FS_FILETYPE_TYPE1_AFM), 0u);
   EXPECT_EQ(classOf(FS_FILETYPE_UNKNOWN), 0u);
 }

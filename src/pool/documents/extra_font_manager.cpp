@@ -6,6 +6,7 @@
 #include "qxcommon/ptr.h"
 #include "qxfontservice/error_codes.h"
 
+#include "common/answer_or.h"
 #include "font/contract/class_ids.h"
 #include "font/contract/file_type_rule.h"
 #include "font/contract/font_error.h"
@@ -26,6 +27,12 @@ using FontPtr = QXPtr<FS_BaseFont>;
   throw QXError(static_cast<unsigned short>(code),
                 FS_FontErrorText(code, UnicodeString()) + u'\n' + uri.getLocalPath(true),
                 UnicodeString(), -1, -1, UnicodeString());
+}
+
+/// Whether the file is to tell its kind, with the type as a hint.
+bool isHint(FS_FontFileType type) {
+  return type == FS_FILETYPE_UNKNOWN ||
+         (type >= FS_FILETYPE_HINT_BYTES && type <= FS_FILETYPE_HINT_TRUETYPE);
 }
 
 bool isWebFontContent(const UnicodeString& contentType) {
@@ -50,9 +57,7 @@ class ExtraFontReader {
 
   void create(FS_FontFileType type) {
     if (type == FS_FILETYPE_UNKNOWN && isWebFontContent(contentType_)) type = FS_FILETYPE_WOFF;
-    if (type == FS_FILETYPE_UNKNOWN || type >= FS_FILETYPE_HINT_BYTES) {
-      type = fontFileTypeOf(uri_.getExtension(), type, &stream_);
-    }
+    if (isHint(type)) type = fontFileTypeOf(uri_.getExtension(), type, &stream_);
     font_ = FontPtr(FS_FontRegistry::createFontObject(nullptr, uri_, type));
     if (!font_) throwFor(uri_, FS_ERROR_FONTFACE_CREATE);
   }
@@ -135,19 +140,21 @@ int FS_ExtraFontManager::appendExtraFont(const UnicodeString& uri, FS_FontFileTy
                                          const UnicodeString& family, int weight, int style,
                                          QXError* error) {
   try {
-    FS_FontRegistry::open(nullptr, nullptr);
-    const QXMutex guard(&FS_GlobalLock());
-    ExtraFontReader reader(uri);
-    if (error != nullptr) error->setErrorCode(0);
-    const int known = pool_->find(reader.uri().getText());
-    if (known >= 0) {
-      addFamily(*pool_, *pool_->fonts()[static_cast<std::size_t>(known)], family);
-      return known;
-    }
-    reader.open();
-    reader.create(type);
-    reader.read(family, weight, style);
-    return appendFont(*pool_, reader, family, error);
+    return QXCommonNS::answerOr(-1, [&] {
+      FS_FontRegistry::open(nullptr, nullptr);
+      const QXMutex guard(&FS_GlobalLock());
+      ExtraFontReader reader(uri);
+      if (error != nullptr) error->setErrorCode(0);
+      const int known = pool_->find(reader.uri().getText());
+      if (known >= 0) {
+        addFamily(*pool_, *pool_->fonts()[static_cast<std::size_t>(known)], family);
+        return known;
+      }
+      reader.open();
+      reader.create(type);
+      reader.read(family, weight, style);
+      return appendFont(*pool_, reader, family, error);
+    });
   } catch (const QXError& caught) {
     if (error != nullptr) *error = caught;
     return -1;

@@ -198,7 +198,8 @@ TEST_F(Scan, FoldersAddedLaterAreLoadedOnceAndFlat) {
   world.file("/g/d.txt", "text").folder("/f");
   openFolder();
   const QXUri folder(u"/g", QXCommonNS::URISTR_USER);
-  EXPECT_EQ(registry->addFontFolderPath(folder), 1);
+  EXPECT_EQ(registry->addFontFolderPath(folder), 2) << "a web font counts, and is in no pool";
+  EXPECT_EQ(loaded(), Paths{"/g/a.ttf"});
   EXPECT_EQ(fileOf(u"Added"), "/g/a.ttf");
   EXPECT_EQ(registry->addFontFolderPath(folder), 0);
   EXPECT_EQ(registry->addFontFolderPath(QXUri(u"/G/", QXCommonNS::URISTR_USER)), 0);

@@ -61,7 +61,7 @@ TEST(Forms, ofOtherNamesAreAWrongCall) {
 }
 
 TEST(Forms, areToldInOrder) {
-  EXPECT_EQ(formNames(), "sfnt, sfnt-cmap, sfnt-all, svg2, stream, ps-glyphs, cff, cid-ps");
+  EXPECT_EQ(formNames(), "sfnt, sfnt-cmap, sfnt-all, svg2, stream, ps-glyphs, cff, cid-ps, woff");
 }
 
 TEST(Forms, areNotThoseOfAnEmptyFont) {

@@ -11,6 +11,7 @@
 #include "qxcommon/mem_stream.h"
 #include "qxfontservice/ext/inspect.h"
 #include "qxfontservice/ext/subset_font.h"
+#include "qxfontservice/ext/web_font.h"
 #include "qxfontservice/tt_glyph_map.h"
 
 #include "qxfont/cli/status.h"
@@ -47,6 +48,13 @@ bool writeBy(const FS_FontInfo& font, const Gids& gids, FormResult& out) {
 bool writeConformingSubset(const FS_FontInfo& font, const Gids& gids, FormResult& out) {
   QXMemStream stream(nullptr, kBlock, false, true);
   if (!QXFontService_NS::ext::makeConformingSubsetFont(font, gids, stream)) return false;
+  out.bytes = bytesOf(stream);
+  return true;
+}
+
+bool writeConformingWebFont(const FS_FontInfo& font, const Gids& gids, FormResult& out) {
+  QXMemStream stream(nullptr, kBlock, false, true);
+  if (!QXFontService_NS::ext::makeConformingWebFont(font, gids, stream)) return false;
   out.bytes = bytesOf(stream);
   return true;
 }
@@ -135,6 +143,8 @@ const std::vector<Form>& forms() {
        NumberedForm::embedFont},
       {"cid-ps", "a CIDFontType 0 for PostScript, without blank glyphs", isOpenType,
        writeCidPostScript, NumberedForm::cidFontType0},
+      {"woff", "a web font", isSfnt, writeBy<&FS_FontInfo::makeWebFont>, kKeepsIds, false, false,
+       writeConformingWebFont, true},
   };
   return all;
 }
