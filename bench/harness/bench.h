@@ -47,11 +47,12 @@ struct Remark {
   std::string text;
 };
 
-/// How to measure.
+/// How to measure. Short slices and many rounds: on a machine that does other work too, a short run
+/// is now and then left alone, a long one never.
 struct Settings {
-  int rounds = 9;
-  double slice = 0.02;  ///< seconds for which the work of one side is repeated in a round
-  bool brief = false;   ///< small sets, one round: whether rows run at all
+  int rounds = 21;
+  double slice = 0.003;  ///< seconds for which the work of one side is repeated in a round
+  bool brief = false;    ///< small sets, one round: whether rows run at all
 };
 
 /// What a row is given, and where it leaves its results.

@@ -72,6 +72,9 @@ void FS_TrueTypeInfo::getGlyphIDs(const UnicodeString& text, unsigned short* out
 }
 
 float FS_TrueTypeInfo::getGlyphWidth(unsigned short gid, int size, bool vertical) const {
+  // A glyph needs nothing of what a text does, and hosts ask for one after the other.
+  if (gid != kNoGlyph)
+    return metrics::scaleToSize(loaded().hMetrics.advanceOf(gid), size, sizeBases());
   return QXFontService_NS::getGlyphWidth(InfoText(*this).font, gid, size, vertical);
 }
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <stdexcept>
 #include <vector>
 
@@ -13,6 +14,14 @@ namespace {
 void startFrom(const GlyphIDArray2& input, GlyphIDArray2& output) {
   GlyphRecordAccess::pairs(output) = GlyphRecordAccess::pairs(input);
   GlyphRecordAccess::words(output).assign(static_cast<std::size_t>(input.size()), 1U);
+}
+
+/// Whether a lookup can do something at any of the glyphs: mostly it cannot.
+bool mayApply(const TTI_Lookup& lookup, const GlyphIDArray2& input) {
+  const auto& pairs = GlyphRecordAccess::pairs(input);
+  return std::any_of(pairs.begin(), pairs.end(), [&](const GlyphIDClassPair& pair) {
+    return lookup.starts.contains(pair.glyphID);
+  });
 }
 
 /// Runs a lookup over `output`, which begins as `input`.
@@ -44,7 +53,8 @@ bool processGSUB3(const FS_GSUBGPOSInfo* info, int index, const GlyphIDArray2& i
   }
   const TTI_Lookup* lookup = lookupOf(*info, entry);
   try {
-    if (lookup != nullptr) return applyLookupPass(*info, *lookup, input, output, alternate);
+    if (lookup != nullptr && mayApply(*lookup, input))
+      return applyLookupPass(*info, *lookup, input, output, alternate);
   } catch (const std::out_of_range&) {
     // A damaged rule: nothing is applied.
   }

@@ -19,17 +19,12 @@ bool isZero(const std::vector<unsigned int>& words) {
 
 }  // namespace
 
-void requireInside(int i, int size) {
-  if (i < 0 || i >= size) throw std::out_of_range("invalid vector<T> subscript");
+void throwOutside() {
+  throw std::out_of_range("invalid vector<T> subscript");
 }
 
 PassMask::PassMask(const std::vector<unsigned int>& words, int length)
     : length_(length), allZero_(isZero(words)), words_(fitted(words, length, !allZero_)) {}
-
-unsigned int PassMask::at(int i) const {
-  requireInside(i, length_);
-  return allZero_ ? 0 : words_[i];
-}
 
 void PassMask::copy(int from, int to) {
   const unsigned int word = at(from);
