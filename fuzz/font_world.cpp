@@ -71,8 +71,6 @@ void askNames(const FS_FontInfo& font) {
   font.getCopyright(Lang::LANGID_DEFAULT);
   font.getManufacturer(Lang::LANGID_DEFAULT);
   font.getLicenseDescription(Lang::LANGID_DEFAULT);
-  fs::FS_EnumLogFontEx record;
-  font.getLogFont(record);
 }
 
 void askCharacters(const FS_FontInfo& font) {

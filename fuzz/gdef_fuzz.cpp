@@ -19,8 +19,9 @@ const std::string& substitutions() {
   static const std::string bytes = [] {
     qxtest::LayoutTableBuilder table;
     for (const unsigned flag : {0x0002U, 0x0004U, 0x0008U, 0x0100U, 0x0200U})
-      table.onlyLookup("test", 4, flag,
-                       {qxtest::ligatureSubst(qxtest::coverage({1}), {{{{2}, 9}}})});
+      table.onlyLookup(
+          "test", 4, flag,
+          {qxtest::ligatureSubst(qxtest::coverage({1}), {{qxtest::Ligature{9, {2}}}})});
     return table.str();
   }();
   return bytes;
