@@ -52,8 +52,8 @@ inline constexpr std::uint64_t kMostWoffTableBytes = 150 * kMiB;
 inline constexpr std::uint64_t kMostWoffFontBytes = 300 * kMiB;
 /// Bytes that come out of one inflating: nothing else that is read is as large as a web font.
 inline constexpr std::uint64_t kMostInflatedBytes = kMostWoffFontBytes;
-/// Variation sequences that are listed of a font: those of all ideographs in use are below 2^17, and
-/// overlapping ranges can list 64 for each byte.
+/// Variation sequences that are listed of a font: those of all ideographs in use are below 2^17,
+/// and overlapping ranges can list 64 for each byte.
 inline constexpr std::size_t kMostVariationSequences = std::size_t{1} << 22;
 /// Levels and nodes of a composite glyph: real ones have three levels and a dozen parts.
 inline constexpr int kMostCompositeDepth = 64;
