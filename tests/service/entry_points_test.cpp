@@ -112,6 +112,27 @@ TEST_F(EntryPoints, ErrorsAreReadByPosition) {
   EXPECT_EQ(error.getErrorMessage(), kept.getErrorMessage());
 }
 
+TEST_F(EntryPoints, ErrorsAreKeptWhenTheServiceIsClosedAndReadAsCopies) {
+  world.file("/f/a.ttf", "x");
+  configureFolder();
+  FontServiceOpen(kVariable, nullptr);
+  QXError error;
+  ASSERT_EQ(FS_GetFontError(&error, 0), 0);
+  EXPECT_EQ(error.getErrorCode(), 1921);
+  error.setErrorCode(7);
+  EXPECT_EQ(FontServiceClose(), FS_ERROR_NONE);
+  EXPECT_EQ(FS_GetFontError(nullptr, 0), 1);
+  ASSERT_EQ(FS_GetFontError(&error, 0), 0);
+  EXPECT_EQ(error.getErrorCode(), 1921);
+}
+
+TEST_F(EntryPoints, WithoutAnyFolderAddingOneAnswersZeroOnce) {
+  world.file("/g/a.ttf", namedFont(u"A"));
+  const QXUri folder(u"/g", QXCommonNS::URISTR_USER);
+  EXPECT_EQ(FS_AddFontFolderPath(folder), 0);
+  EXPECT_EQ(FS_AddFontFolderPath(folder), 1);
+}
+
 TEST_F(EntryPoints, WithoutAnyFolderTheFirstCallFailsAndTheNextFindsTheRest) {
   EXPECT_EQ(FS_GetFontError(nullptr, 0), -1);
   EXPECT_EQ(FS_GetFontError(nullptr, 0), 0);

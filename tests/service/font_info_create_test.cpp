@@ -178,6 +178,33 @@ TEST_F(CreateFont, TheFamilyNameIsThePreferredOneWhereTheSettingAsksForIt) {
   EXPECT_TRUE(FS_FontInfo::getFamilyName(kLang, u"other", nullptr).isEmpty());
 }
 
+TEST_F(CreateFont, TheFamilyNameIsAskedOfTheNormalStyleAndMayFillTheFamily) {
+  LoadedFont& font = addToMain(new LoadedFont(u"Family", 700, true));
+  LoadedFont& light = addToMain(new LoadedFont(u"Family", 300));
+  light.preferred = u"Light one";
+  EXPECT_TRUE(FS_FontInfo::getFamilyName(kLang, u"family", nullptr) == u"Light one");
+  FS_FontFamily* family = nullptr;
+  ASSERT_TRUE(registry().mainPool().findFamily(u"family", family));
+  EXPECT_EQ(family->size(), 18U);
+  EXPECT_EQ(font.loads + light.loads, 0);
+}
+
+TEST_F(CreateFont, TheSettingHoldsForTheFamilyNameOfADocumentsFontToo) {
+  registry();
+  FS_ExtraFontPool extra;
+  add(extra, new LoadedFont(u"Own")).preferred = u"Preferred";
+  EXPECT_TRUE(FS_FontInfo::getFamilyName(kLang, u"own", &extra) == u"Preferred");
+  registry().settings().usePreferredFamily = false;
+  EXPECT_TRUE(FS_FontInfo::getFamilyName(kLang, u"own", &extra) == u"Own");
+}
+
+TEST_F(CreateFont, ALiteralZeroIsAStretchWithOrWithoutADocument) {
+  LoadedFont& font = addToMain(new LoadedFont(u"Family"));
+  EXPECT_TRUE(info.createFont(u"Family", 400, false, 0));
+  EXPECT_EQ(info.getFont(), &font);
+  EXPECT_TRUE(info.createFont(u"Family", 400, false, nullptr));
+}
+
 TEST_F(CreateFont, TheFamilyNameOfADocumentsFontDoesNotFallThroughToTheService) {
   addToMain(new LoadedFont(u"Own")).preferred = u"Main";
   FS_ExtraFontPool extra;

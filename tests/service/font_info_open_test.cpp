@@ -96,6 +96,50 @@ TEST_F(OpenByUri, FilesOfOtherKindsAreNeverMade) {
   }
 }
 
+TEST_F(OpenByUri, FilesOfOtherKindsFailWhereAnOffsetTableWould) {
+  struct Case {
+    std::string bytes;
+    int code;
+    const char* text;
+  };
+  const std::string rest(64, '\0');
+  const Case cases[] = {
+      {std::string("ttcf\0\1\0\0", 8) + rest, 0, ""},
+      {std::string("wOFF\0\1\0\0", 8) + rest, 0, ""},
+      {"wOFFOTTO" + rest, 1921, "Font read error: Table directory read error\n/doc/other"},
+      {"\x80\x01" + rest, 1928, "Font file error: OffsetTable.numTables = 0\n/doc/other"},
+      {"%!PS-AdobeFont-1.0", 1921, "Font read error: Table directory read error\n/doc/other"},
+      {"StartFontMetrics 2.0", 1921, "Font read error: Table directory read error\n/doc/other"},
+  };
+  for (const Case& c : cases) {
+    world.file("/doc/other", c.bytes);
+    EXPECT_FALSE(info.createFont(uriOf(u"/doc/other")));
+    EXPECT_EQ(info.getError().getErrorCode(), c.code) << c.bytes.substr(0, 8);
+    EXPECT_EQ(errorText(), c.text) << c.bytes.substr(0, 8);
+  }
+}
+
+TEST_F(OpenByUri, TheNextFontReplacesTheOneBefore) {
+  world.file("/doc/b.ttf", qxtest::sampleFont().build());
+  ASSERT_TRUE(info.createFont(uriOf(u"/doc/a.ttf")));
+  FS_FontInfo first = info;
+  ASSERT_TRUE(info.createFont(uriOf(u"/doc/b.ttf")));
+  EXPECT_NE(info.getFont(), first.getFont());
+  EXPECT_EQ(first.getFont()->refCount.load(), 1);  // neither released nor counted again
+  first.deleteFont();
+}
+
+TEST_F(OpenByUri, AFontThatIsListedButDoesNotLoadIsNotMadeAndTellsWhyOnce) {
+  world.file("/usr/share/fonts/n.ttf", qxtest::sampleFont().without("hmtx").build());
+  FS_FontInfo named;
+  EXPECT_FALSE(named.createFont(u"QX Sample", 400, false));
+  EXPECT_FALSE(named.isCreatedFont());
+  EXPECT_NE(named.getError().getErrorCode(), 0);
+  EXPECT_FALSE(named.createFont(u"QX Sample", 400, false));
+  EXPECT_EQ(named.getError().getErrorCode(), 0);
+  EXPECT_EQ(registry().mainPool().fonts().size(), 1U);
+}
+
 TEST_F(OpenByUri, DrawsTheGlyphsOfTheFont) {
   ASSERT_TRUE(info.createFont(uriOf(u"/doc/a.ttf")));
   EXPECT_TRUE(info.isGlyphDrawInfoAvialable());

@@ -180,6 +180,15 @@ TEST(NameTable, AControlCharacterVoidsTheStringAndTheFinding) {
   EXPECT_EQ(reading.name(0x409, kUnique), u"");
 }
 
+TEST(NameTable, AVoidNameSendsTheReaderIntoPassOne) {
+  NameBuilder builder;
+  builder.windows(1, u"a\nb").macintosh(4, "Mac Bold").macintosh(6, "Mac-Bold");
+  const Reading reading = read(builder);
+  ASSERT_EQ(reading.failure, std::nullopt);
+  EXPECT_EQ(reading.name(0, kFull), u"Mac Bold");
+  EXPECT_EQ(reading.name(0, kPostScript), u"Mac-Bold");
+}
+
 TEST(NameTable, AVoidStringStillMakesTheLanguage) {
   NameBuilder builder;
   builder.windows(1, u"Good").windows(1, u"a\nb", 0x411);
@@ -219,6 +228,18 @@ TEST(NameTable, PostScriptNamesOfLanguagesAreCompared) {
   NameBuilder thenEqual;
   thenEqual.windows(1, u"x").windows(6, u"A").windows(6, u"B", 0x411).windows(6, u"B", 0x412);
   EXPECT_TRUE(read(thenEqual).table.psNameDiffers);
+}
+
+TEST(NameTable, OnlyStoredPostScriptNamesOfWindowsAreCompared) {
+  NameBuilder notStored;
+  notStored.windows(1, u"x").windows(6, u"A").windows(6, u"B");
+  EXPECT_FALSE(read(notStored).table.psNameDiffers);
+  NameBuilder macintosh;
+  macintosh.macintosh(6, "B").windows(1, u"x").windows(6, u"A");
+  EXPECT_FALSE(read(macintosh, true).table.psNameDiffers);
+  NameBuilder voided;
+  voided.windows(1, u"x").windows(6, u"A").windows(6, u"B\n", 0x411).windows(6, u"A", 0x412);
+  EXPECT_FALSE(read(voided).table.psNameDiffers);
 }
 
 TEST(NameTable, AbsentAndEmptyTables) {

@@ -216,6 +216,28 @@ TEST_F(SfntLogFont, TellsStyleFaceAndFullName) {
   EXPECT_EQ(out.getFullName(), UnicodeString("QX Sample Regular"));
 }
 
+TEST_F(SfntLogFont, TheWeightIsThatOfOs2EvenZeroAndAnAngleIsItalic) {
+  SfntBuilder font = sampleFont();
+  font.table("OS/2", Os2Builder{.usWeightClass = 0}.build());
+  font.table("post", PostBuilder{.italicAngle = -65536}.build());
+  FS_EnumLogFontEx out;
+  ASSERT_TRUE(read(font)->getLogFont(out, 0));
+  EXPECT_EQ(out.getWeight(), 0);
+  EXPECT_TRUE(out.isItalic());
+}
+
+TEST_F(SfntLogFont, TheNamesAreThoseOfTheDefaultLanguage) {
+  world.setLocaleName("ja_JP");
+  NameBuilder names;
+  names.windows(1, u"English").windows(4, u"English Full").windows(16, u"Preferred");
+  names.windows(1, u"\u65E5\u672C", 0x411).windows(4, u"\u65E5", 0x411);
+  EXPECT_EQ(logFont(names).getFullName(), UnicodeString(u"\u65E5"));
+  EXPECT_EQ(logFont(names).getFaceName(), UnicodeString("Preferred"))
+      << "in another language, where the default one has none";
+  services.preferredFamily = false;
+  EXPECT_EQ(logFont(names).getFaceName(), UnicodeString(u"\u65E5\u672C"));
+}
+
 TEST_F(SfntLogFont, ThePostScriptNameServesWithoutAFamily) {
   EXPECT_EQ(logFont(NameBuilder().windows(6, u"PS-Name")).getFaceName(), UnicodeString("PS-Name"));
 }

@@ -39,6 +39,12 @@ TEST(LogFont, CaseCountsInTheOrder) {
   EXPECT_FALSE(logFont(u"a") < logFont(u"A"));
 }
 
+TEST(LogFont, NamesAreComparedByCodeUnits) {
+  EXPECT_TRUE(logFont(u"\U0001F600") < logFont(u"\uFB01"));  // 0xD83D before 0xFB01
+  EXPECT_TRUE(logFont(u"A") < logFont(u"AA"));
+  EXPECT_FALSE(logFont(u"A", 400) < logFont(u"A", 400));
+}
+
 TEST(EnumLogFontEx, ByDefaultIsAnEmptyLogFont) {
   const FS_EnumLogFontEx font;
   EXPECT_EQ(font.getWeight(), 400);

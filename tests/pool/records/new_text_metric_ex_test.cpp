@@ -240,6 +240,38 @@ TEST(NewTextMetricEx, FixedPitchIsTheClearBit) {
   EXPECT_TRUE(metric.isScriptLike());
 }
 
+TEST(NewTextMetricEx, SerifAndScriptAreWholeFamiliesNotBits) {
+  for (unsigned int bits = 0; bits <= 0xFF; ++bits) {
+    FS_NewTextMetricEx metric;
+    metric.setPitchAndFamily(bits);
+    EXPECT_EQ(metric.isSerifLike(), (bits & 0x70) == 0x10) << bits;
+    EXPECT_EQ(metric.isScriptLike(), (bits & 0x70) == 0x40) << bits;
+    EXPECT_EQ(metric.isFixedPitch(), bits % 2 == 0) << bits;
+  }
+}
+
+TEST(NewTextMetricEx, CopiesWhatIsNoLengthToo) {
+  FS_FontFileOptions options;
+  FS_NewTextMetricEx metric;
+  metric.setPitchAndFamily(0x41);
+  metric.setSymbol(true);
+  metric.setUnicodeSubsetBits(1, 2, 3, 4);
+  metric.setCodePageBits(5, 6);
+  metric.setBBox(1, 2, 3, 4);
+  metric.setFileOptions(&options);
+  FS_NewTextMetricEx copy;
+  copy.setCodePageBits0(0xFF00);
+  copy = metric;
+  EXPECT_EQ(copy.getPitchAndFamily(), 0x41U);
+  EXPECT_TRUE(copy.isSymbol());
+  for (int word = 0; word < 4; ++word)
+    EXPECT_EQ(copy.getUnicodeSubsetBits(word), static_cast<unsigned int>(word) + 1);
+  EXPECT_EQ(copy.getCodePageBits0(), 5U);
+  EXPECT_EQ(copy.getCodePageBits1(), 6U);
+  EXPECT_EQ(copy.getBBoxTop(), 4.0F);
+  EXPECT_EQ(copy.getFileOptions(), &options);
+}
+
 TEST(NewTextMetricEx, SettingTheFirstCodePageWordAddsBits) {
   FS_NewTextMetricEx metric;
   metric.setCodePageBits0(1);
@@ -283,6 +315,15 @@ TEST(NewTextMetricEx, TheRangesAreSortedAndApart) {
       EXPECT_LT(ranges[i - 1].last, ranges[i].first) << i;
     }
   }
+}
+
+TEST(NewTextMetricEx, TheRangesAreThePublishedOnes) {
+  // Made from the table of OpenType `OS/2`, ulUnicodeRange, with touching ranges of a bit joined.
+  unsigned int sum = 0;
+  for (const pool::UnicodeSubsetRange& row : pool::unicodeSubsetRanges())
+    for (const int value : {int{row.bit}, int{row.first}, int{row.last}})
+      sum = sum * 31 + static_cast<unsigned int>(value);
+  EXPECT_EQ(sum, 0x0D7C7B3CU);
 }
 
 TEST(NewTextMetricEx, EachRangeAnswersByItsBitToItsVeryEnds) {

@@ -177,10 +177,22 @@ TEST_F(Scan, AliasesGiveFurtherNames) {
   EXPECT_FALSE(fromAlias);
 }
 
+TEST_F(Scan, OnlyAHitAmongTheAliasesWritesTheFlag) {
+  world.file("/f/a.ttf", namedFont(u"Fam"));
+  openFolder("<font-alias file=\"a.ttf\"><alias family-name=\"Nick\"/></font-alias>");
+  bool fromAlias = true;
+  EXPECT_NE(registry->findFont(u"Fam", {}, &fromAlias).font, nullptr);
+  EXPECT_TRUE(fromAlias);
+  EXPECT_EQ(registry->findFont(u"None", {}, &fromAlias).font, nullptr);
+  EXPECT_TRUE(fromAlias);
+  EXPECT_NE(registry->findFont(u"Nick", {}, nullptr).font, nullptr);
+}
+
 TEST_F(Scan, AnAliasHidesTheFamilyOfItsName) {
   world.file("/f/a.ttf", namedFont(u"Fam")).file("/f/b.ttf", namedFont(u"Real", {700, false, 5}));
   openFolder("<font-alias file=\"a.ttf\"><alias family-name=\"Real\"/></font-alias>");
   EXPECT_EQ(fileOf(u"Real", 700), "/f/a.ttf");
+  EXPECT_EQ(fileOf(u"Real", 400, true), "/f/a.ttf") << "for each style, since all are filled";
 }
 
 TEST_F(Scan, AnAliasIsResolvedWhenItsFolderWasListed) {

@@ -125,6 +125,51 @@ TEST(MatchFont, WeightsAreClampedOnlyWhenRounded) {
   EXPECT_EQ(family.ask(upright(1000)), upright(900));
 }
 
+TEST(MatchFont, RoundingIsUpwardsAndClampedToTheHundreds) {
+  struct Case {
+    int asked;
+    int answer;
+  };
+  for (const Case& c : {Case{1, 100}, Case{99, 100}, Case{-1, 100}, Case{-950, 100},
+                        Case{INT_MIN, 100}, Case{401, 500}, Case{499, 500}, Case{801, 900},
+                        Case{901, 900}, Case{950, 900}, Case{INT_MAX, 900}}) {
+    Family family({upright(100), upright(500), upright(900)});
+    MatchStep step = MatchStep::none;
+    EXPECT_EQ(family.ask(upright(c.asked), &step), upright(c.answer)) << c.asked;
+    EXPECT_EQ(step, MatchStep::rounded) << c.asked;
+  }
+}
+
+TEST(MatchFont, OnlyZeroIsReplacedInARequest) {
+  Family family({upright(1), upright(400), upright(400, 1), upright(-1)});
+  EXPECT_EQ(family.ask(upright(1)), upright(1));
+  EXPECT_EQ(family.ask(upright(-1)), upright(-1));
+  EXPECT_EQ(family.ask(upright(0, 1)), upright(400, 1));
+  EXPECT_EQ(family.ask(upright(0, 0)), upright(400));
+}
+
+TEST(MatchFont, AHitBeforeTheFillingLeavesTheFamilyAsItIs) {
+  Family family({upright(400), upright(400, 3), upright(700), italic(500)});
+  for (const FS_FontKey& asked : {upright(400, 3), upright(400, 7), italic(400, 3), italic(400, 8),
+                                  italic(700), upright(650, 3), italic(450)}) {
+    (void)family.ask(asked);
+    EXPECT_EQ(family.table().size(), 4u) << asked.weight << " " << asked.stretch;
+  }
+}
+
+TEST(MatchFont, ASlotBelowThatIsTakenStays) {
+  Family family({upright(400), upright(450)});
+  EXPECT_EQ(family.ask(upright(300)), upright(400));
+  EXPECT_EQ(family.ask(upright(500)), upright(450));
+}
+
+TEST(MatchFont, FacesOutsideTheHundredsTakeTheSlotsAtTheEnds) {
+  Family thin({upright(50), upright(600)});
+  EXPECT_EQ(thin.ask(upright(100)), upright(50));
+  Family heavy({upright(400), upright(1000)});
+  EXPECT_EQ(heavy.ask(upright(900)), upright(1000));
+}
+
 TEST(MatchFont, AnOddWeightTakesTheSlotAboveAndAnEmptyOneBelow) {
   Family alone({upright(450)});
   EXPECT_EQ(alone.ask(upright(500)), upright(450));
@@ -201,6 +246,24 @@ TEST(FillFamily, TakesTheNearestByTheRuleOfEachHalf) {
       EXPECT_TRUE(family.table().at(upright(weight)) == family.table().at(italic(weight)));
     }
   }
+}
+
+TEST(FillFamily, FillsEachSlantFromItsOwnFaces) {
+  Family family({upright(200), italic(300, 3), italic(800)});
+  fillFamily(family.table());
+  EXPECT_EQ(family.table().size(), 19u);
+  for (int weight = 100; weight <= 900; weight += 100) {
+    EXPECT_EQ(family.styleOf(family.table().at(upright(weight))), upright(200)) << weight;
+    EXPECT_EQ(family.styleOf(family.table().at(italic(weight))),
+              weight <= 500 ? italic(300, 3) : italic(800))
+        << weight;
+  }
+}
+
+TEST(FillFamily, OfAnEmptyFamilyAddsNothing) {
+  Family family({});
+  fillFamily(family.table());
+  EXPECT_TRUE(family.table().empty());
 }
 
 }  // namespace
