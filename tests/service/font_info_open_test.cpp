@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "qxfontservice/error_codes.h"
 #include "qxfontservice/glyph_draw_info.h"
 #include "qxfontservice/glyph_id_array.h"
 #include "qxfontservice/glyph_id_array2.h"
@@ -11,6 +12,8 @@
 #include "support/gsub_builder.h"
 #include "support/layout_table_builder.h"
 #include "support/sample_font.h"
+#include "support/sample_open_type.h"
+#include "support/truncation.h"
 
 namespace QXFontService_NS {
 namespace {
@@ -50,6 +53,36 @@ TEST_F(OpenByUri, KeepsNoFileOpen) {
   EXPECT_EQ(world.openStreams(), 0U);
   EXPECT_FALSE(FS_FontInfo().createFont(uriOf(u"/doc/none.ttf")));
   EXPECT_EQ(world.openStreams(), 0U);
+}
+
+TEST_F(OpenByUri, AFileCutAnywhereTellsAShortRead) {
+  const std::string whole = qxtest::sampleFont().build();
+  qxtest::forEachPrefix(whole, [&](const std::string& cut) {
+    world.file("/doc/cut.ttf", cut);
+    FS_FontInfo font;
+    ASSERT_FALSE(font.createFont(uriOf(u"/doc/cut.ttf"))) << cut.size();
+    EXPECT_EQ(font.getError().getErrorCode(), FS_ERROR_FONT_READ) << cut.size();
+    EXPECT_TRUE(font.getError().getErrorMessage().indexOf(u"read error") > 0) << cut.size();
+    EXPECT_FALSE(font.isCreatedFont());
+  });
+}
+
+TEST_F(OpenByUri, NoFieldOfAFileLeadsAstray) {
+  for (const qxtest::SfntBuilder& sound :
+       {qxtest::sampleFont(), qxtest::sampleOpenType(qxtest::sampleCff())}) {
+    qxtest::forEachDamage(sound.build(), [&](const std::string& damaged) {
+      world.file("/doc/damaged.ttf", damaged);
+      FS_FontInfo font;
+      if (font.createFont(uriOf(u"/doc/damaged.ttf"))) {
+        font.getFamilyName(kLang);
+        font.getGlyphID('A', true);
+        font.getTextWidth(u"AB", 12, false, nullptr);
+        font.deleteFont();
+      } else {
+        EXPECT_FALSE(font.isCreatedFont());
+      }
+    });
+  }
 }
 
 TEST_F(OpenByUri, MakesANewObjectEachTime) {
