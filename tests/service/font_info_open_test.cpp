@@ -6,6 +6,7 @@
 #include "qxfontservice/glyph_draw_info.h"
 #include "qxfontservice/glyph_id_array.h"
 #include "qxfontservice/glyph_id_array2.h"
+#include "qxfontservice/service.h"
 
 #include "service/service_test.h"
 #include "support/coverage_builder.h"
@@ -150,6 +151,20 @@ TEST_F(OpenByUri, FilesOfOtherKindsFailWhereAnOffsetTableWould) {
     EXPECT_EQ(info.getError().getErrorCode(), c.code) << c.bytes.substr(0, 8);
     EXPECT_EQ(errorText(), c.text) << c.bytes.substr(0, 8);
   }
+}
+
+TEST_F(OpenByUri, OptionsOfTheConfigurationHoldForTheFontOfThePoolAlone) {
+  world.setEnvironment("QX_CONFIG", "/etc/qx.xml");
+  world.file("/etc/qx.xml",
+             "<font-config windows-registry=\"disable\"><font-folder path=\"/doc\">"
+             "<font-entry file=\"a.ttf\" font-size-adjust=\"2\"/></font-folder></font-config>");
+  ASSERT_EQ(FontServiceOpen("QX_CONFIG", nullptr), FS_ERROR_NONE);
+  FS_FontInfo named;
+  ASSERT_TRUE(named.createFont(u"QX Sample", 400, false));
+  EXPECT_EQ(named.getFontSizeAdjust(), 2.0F);
+  ASSERT_TRUE(info.createFont(uriOf(u"/doc/a.ttf")));
+  EXPECT_EQ(info.getFontSizeAdjust(), 1.0F);
+  EXPECT_NE(info.getFont(), named.getFont());
 }
 
 TEST_F(OpenByUri, TheNextFontReplacesTheOneBefore) {

@@ -85,14 +85,15 @@ TEST_F(HostileFolders, AHundredThousandFoldersAreScannedAndNamedOnesBesides) {
 }
 
 TEST_F(HostileFolders, LinksThatMultiplyTheWaysStayWithinTheLimit) {
-  // Each level has two ways to the next: 2^30 ways in all, none of them a circle.
-  for (int level = 0; level < 30; ++level) {
+  // Each level has two ways to the next: 2^18 ways in all, none of them a circle.
+  for (int level = 0; level < 18; ++level) {
     const std::string here = "/d" + std::to_string(level);
     const std::string next = "/d" + std::to_string(level + 1);
     world.folder(here).folder(next).link(here + "/x", next).link(here + "/y", next);
   }
   world.file("/g/a.ttf", namedFont(u"Named"));
   open("<font-folder path=\"/d0\" recursive=\"yes\"/><font-folder path=\"/g\"/>");
+  EXPECT_GE(registry->folders().size(), limits::kMostFolders);
   EXPECT_LE(registry->folders().size(), limits::kMostFolders + 2);
   EXPECT_EQ(fileOf(u"Named"), "/g/a.ttf");
 }
