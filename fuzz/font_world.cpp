@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "qxcommon/error.h"
 #include "qxcommon/mem_stream.h"
 #include "qxfontservice/ext/inspect.h"
 #include "qxfontservice/ext/open_file.h"
@@ -19,13 +20,22 @@ using Lang = QXCommonNS::QXLang;
 constexpr int kMostFaces = 4;
 constexpr int kSizes[] = {0, 12, -12};
 
-/// The service as it stands over a world without fonts, opened once.
+/// A world with an empty font folder, over which the service is open.
+class World : public qxtest::MemoryPlatform {
+ public:
+  World() : inPlace_(*this) {
+    folder("/usr/share/fonts").addFontFolderCandidate("/usr/share/fonts/");
+    fs::QXError error;
+    fs::FontServiceOpen(nullptr, &error);
+  }
+
+ private:
+  qxtest::PlatformInPlace inPlace_;
+};
+
 qxtest::MemoryPlatform& world() {
-  static qxtest::MemoryPlatform platform;
-  static const qxtest::PlatformInPlace inPlace(platform);
-  static const auto opened = fs::FontServiceOpen(nullptr, nullptr);
-  static_cast<void>(opened);
-  return platform;
+  static World opened;
+  return opened;
 }
 
 const icu::UnicodeString& someText() {
