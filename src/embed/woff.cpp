@@ -1,9 +1,7 @@
 #include "embed/woff.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
-#include <span>
 #include <vector>
 
 #include "qxcommon/util.h"
@@ -20,6 +18,7 @@ namespace {
 using QXCommonNS::QXMemStream;
 using QXCommonNS::bytes::ByteView;
 using QXCommonNS::bytes::ByteWriter;
+using QXCommonNS::bytes::readBlock;
 using QXCommonNS::bytes::readUpTo;
 using Record = FS_TableDirectoryImage::Record;
 
@@ -28,7 +27,6 @@ constexpr std::uint64_t kHeaderSize = 44;
 constexpr std::uint64_t kEntrySize = 20;
 constexpr std::uint64_t kOffsetTableSize = FS_TableDirectoryImage::kOffsetTableSize;
 constexpr std::uint64_t kRecordSize = FS_TableDirectoryImage::kRecordSize;
-constexpr std::size_t kBufferSize = 1024;
 constexpr std::size_t kBlockSize = 8192;
 constexpr std::uint64_t kAlignment = 4;
 
@@ -45,7 +43,7 @@ void writeAt(QXMemStream& out, std::uint64_t position, ByteView bytes) {
 class WoffWriter {
  public:
   WoffWriter(QXMemStream& out, QXMemStream& sfnt, bool conforming)
-      : out_(out), sfnt_(sfnt), conforming_(conforming), buffer_(kBufferSize) {}
+      : out_(out), sfnt_(sfnt), conforming_(conforming) {}
 
   void write() {
     readOffsetTable();
@@ -57,15 +55,15 @@ class WoffWriter {
  private:
   void readOffsetTable();
   void writeTable(unsigned index);
-  ByteView readTable(const Record& record);
-  std::uint64_t writeContent(ByteView table);
+  void readTable(const Record& record);
+  std::uint64_t writeContent(std::uint64_t length);
   void writeEntry(unsigned index, const Record& record, std::uint64_t offset, std::uint64_t length);
   void writeHeader();
 
   QXMemStream& out_;
   QXMemStream& sfnt_;
   const bool conforming_;
-  std::vector<std::byte> buffer_;  // only grows
+  std::vector<std::byte> table_;  // that is being written
   FS_TableDirectoryImage::OffsetTable offsetTable_{};
   unsigned numTables_ = 0;
   std::uint64_t paddedSize_ = 0;  // of the sfnt, as the format counts it
@@ -81,29 +79,28 @@ void WoffWriter::writeTable(unsigned index) {
   Record record;
   readUpTo(sfnt_, static_cast<std::int64_t>(kOffsetTableSize + kRecordSize * index), record.bytes);
   const std::uint64_t offset = out_.length();
-  writeEntry(index, record, offset, writeContent(readTable(record)));
+  readTable(record);
+  writeEntry(index, record, offset, writeContent(record.length()));
   if (conforming_) padToLong(out_);
   paddedSize_ += roundUp(record.length());
 }
 
-ByteView WoffWriter::readTable(const Record& record) {
-  if (record.length() > buffer_.size()) buffer_.assign(record.length(), std::byte{0});
-  const auto table = std::span(buffer_).first(record.length());
-  const std::size_t came = readUpTo(sfnt_, record.offset(), table);
-  std::fill(table.begin() + static_cast<std::ptrdiff_t>(came), table.end(), std::byte{0});
-  return ByteView(table);
+/// The table as far as the stream holds it: a damaged record may state any length.
+void WoffWriter::readTable(const Record& record) {
+  table_ = readBlock(sfnt_, record.offset(), record.length());
 }
 
 /// What does not become shorter goes out as it is; of the deflating itself nothing is tested.
+/// @param length of the table as its record states it.
 /// @return the stored length.
-std::uint64_t WoffWriter::writeContent(ByteView table) {
+std::uint64_t WoffWriter::writeContent(std::uint64_t length) {
   QXMemStream deflated(nullptr, kBlockSize, false, true);
-  const void* data = table.data();
+  const void* data = table_.data();
   QXCommonNS::QXUtil::deflate(deflated, static_cast<const unsigned char*>(data),
-                              static_cast<unsigned>(table.size()));
-  if (deflated.length() < table.size()) return copyRange(deflated, 0, deflated.length(), out_);
-  appendBytes(out_, table);
-  return table.size();
+                              static_cast<unsigned>(table_.size()));
+  if (deflated.length() < length) return copyRange(deflated, 0, deflated.length(), out_);
+  appendBytes(out_, ByteView(table_));
+  return table_.size();
 }
 
 void WoffWriter::writeEntry(unsigned index, const Record& record, std::uint64_t offset,

@@ -137,9 +137,17 @@ TEST(WriteWoff, TablesOfAllSizesAroundTheBufferAreWhole) {
   EXPECT_EQ(pack(font.build()).substr(44 + 100), expected);
 }
 
-TEST(WriteWoff, WhatTheFontIsShortOfGoesOutAsZeros) {
-  const std::string font = SfntBuilder().table("aaaa", "12345678").build();
-  EXPECT_EQ(pack(font.substr(0, 32)).substr(64), std::string("1234\0\0\0\0", 8));
+TEST(WriteWoff, OfATableGoesOutWhatTheFontHolds) {
+  // A damaged record may state any length: memory follows what is there.
+  for (const std::uint32_t length : {6000U, 0x7FFFFFF0U, 0xFFFFFFFFU}) {
+    const std::string damaged =
+        SfntBuilder().table("aaaa", std::string(5000, 'x')).statedLength("aaaa", length).build();
+    const std::string packed = zlibBytes(std::string(5000, 'x'));
+    const std::string file = pack(damaged);
+    EXPECT_EQ(file.size(), 64 + packed.size());
+    EXPECT_EQ(file.substr(64), packed);
+    EXPECT_EQ(longAt(file, 56), length);
+  }
 }
 
 TEST(WriteWoff, KeepsTheOrderOfTheDirectory) {
