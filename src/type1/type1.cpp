@@ -1,8 +1,6 @@
 #include "type1/type1.h"
 
-#include <exception>
 #include <memory>
-#include <new>
 #include <set>
 
 #include "qxcommon/error.h"
@@ -11,6 +9,7 @@
 #include "qxfontservice/error_codes.h"
 #include "qxfontservice/new_text_metric_ex.h"
 
+#include "common/answer_or.h"
 #include "font/contract/font_error.h"
 #include "font/contract/font_file_options.h"
 #include "font/contract/font_key_sink.h"
@@ -98,15 +97,10 @@ bool FS_Type1::readGlyphList(QXError* error, const QXUri& uri) {
     reportFontError(*this, error, FS_ERROR_GLYPHLIST_OPEN, uri.getText());
     return false;
   }
-  try {
-    type1::readGlyphListFile(*stream, glyphList_);
-  } catch (const std::bad_alloc&) {
-    throw;
-  } catch (const std::exception&) {
-    reportFontError(*this, error, FS_ERROR_GLYPHLIST_READ, uri.getText());
-    return false;
-  }
-  return true;
+  const bool complete =
+      QXCommonNS::answerOr(false, [&] { return type1::readGlyphListFile(*stream, glyphList_); });
+  if (!complete) reportFontError(*this, error, FS_ERROR_GLYPHLIST_READ, uri.getText());
+  return complete;
 }
 
 const std::string* FS_Type1::listedName(int character) const {
@@ -192,6 +186,8 @@ bool FS_Type1::getType1EmbedFont(unsigned char page, const char* codes, int coun
                                  int& length1, int& length2, int& length3, int) {
   if (!printer_) return false;
   ensureLoaded();
+  // The writer walks over the page, which another thread may make longer.
+  QXMutex guard(&lock_);
   static const Type1CMapArray nothing;
   const Type1CMapArray* map = Type1CMap::getType1CMapArray(page);
   if (map == nullptr && page != 0) map = &nothing;

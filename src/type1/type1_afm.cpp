@@ -78,7 +78,7 @@ void FS_Type1AFM::deriveMetrics() {
 
 void FS_Type1AFM::indexMetrics() {
   for (const AFMCharMetric& metric : metrics_.charMetrics) {
-    metricsByName_.emplace(metric.name, &metric);
+    if (!metric.name.empty()) metricsByName_.emplace(metric.name, &metric);
     if (metric.code != -1) metricsByCode_.emplace(metric.code, &metric);
   }
 }
@@ -158,6 +158,7 @@ bool FS_Type1AFM::getOutlineTextMetrics(FS_NewTextMetricEx& out, int size, int e
   metrics.isFixedPitch = metrics_.isFixedPitch;
   metrics.isSymbolic = isSymbolicFont(entry);
   metrics.fill(out, size);
+  out.setFileOptions(fontEntry());
   return true;
 }
 

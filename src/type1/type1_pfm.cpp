@@ -149,6 +149,7 @@ bool FS_Type1PFM::getOutlineTextMetrics(FS_NewTextMetricEx& out, int size, int e
   metrics.isSymbolic = isSymbolicFont(entry);
   metrics.family = metrics_.pitchAndFamily & kFamilyBits;
   metrics.fill(out, size);
+  out.setFileOptions(fontEntry());
   return true;
 }
 

@@ -134,7 +134,7 @@ void FS_Type1Printer::readGlyph(FT_Face face, int code, unsigned int glyph) {
     record.width = static_cast<int>(face->glyph->metrics.horiAdvance);
     record.height = static_cast<int>(face->glyph->metrics.height);
     record.name = glyphName(face, glyph);
-    recordsByName_.emplace(record.name, &record);
+    if (!record.name.empty()) recordsByName_.emplace(record.name, &record);
   }
   recordsByCode_.emplace(code, &record);
   ++countedRecords_;

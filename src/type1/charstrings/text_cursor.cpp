@@ -1,5 +1,7 @@
 #include "type1/charstrings/text_cursor.h"
 
+#include <algorithm>
+
 namespace QXFontService_NS::type1 {
 
 long long leadingNumber(std::string_view text) {
@@ -8,8 +10,7 @@ long long leadingNumber(std::string_view text) {
   long long number = 0;
   for (const char digit : text) {
     if (digit < '0' || digit > '9') break;
-    number = number * 10 + (digit - '0');
-    if (number > kLargest) return -1;
+    number = std::min(number * 10 + (digit - '0'), kLargest);
   }
   return number;
 }

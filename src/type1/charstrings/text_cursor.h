@@ -56,8 +56,8 @@ class TextCursor {
   std::size_t position_;
 };
 
-/// The number that a text begins with; -1 where it begins with no digit, and for one that no file
-/// can mean.
+/// The number that a text begins with; -1 where it begins with no digit. One that no file can mean
+/// is clamped.
 long long leadingNumber(std::string_view text);
 
 }  // namespace QXFontService_NS::type1

@@ -30,9 +30,10 @@ void takeLine(std::string_view line, std::map<int, std::string>& list) {
 
 }  // namespace
 
-void readGlyphListFile(std::istream& stream, std::map<int, std::string>& list) {
+bool readGlyphListFile(std::istream& stream, std::map<int, std::string>& list) {
   LineReader lines(stream);
   for (std::string line; lines.next(line);) takeLine(line, list);
+  return !stream.bad();
 }
 
 }  // namespace QXFontService_NS::type1

@@ -60,8 +60,7 @@ std::string encodingName(ProgramForm form, std::string_view value) {
 
 bool encoding(ProgramForm form, std::string_view value, ProgramHeader& header) {
   header.encodingName = encodingName(form, value);
-  if (header.encodingName.empty()) return true;
-  header.standardEncoding = header.encodingName == kStandardEncoding;
+  header.standardEncoding = header.encodingName.empty() || header.encodingName == kStandardEncoding;
   header.customEncoding = !header.standardEncoding;
   return true;
 }
