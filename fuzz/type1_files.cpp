@@ -26,7 +26,7 @@ void removeSegments(fs::QXMemStream& program) {
 void writePages(const FS_FontInfo& font) {
   int lengths[3] = {0, 0, 0};
   const std::string codes("\x00 A\x80\x81\xC2\xFF", 7);
-  for (const unsigned char page : {0, 1}) {
+  for (unsigned char page = 0; page < 2; ++page) {
     fs::QXMemStream out(nullptr, 4096, false, true);
     font.getType1EmbedFont(page, codes.data(), static_cast<int>(codes.size()), out, lengths[0],
                            lengths[1], lengths[2]);
