@@ -186,7 +186,7 @@ Writer writerOf(Kind kind) {
 
 Json fontJson(const fs::FS_FontInfo& font, const UsedGlyphs& used, const Output::Font& written) {
   Json json;
-  json["family"] = utf8(font.getFamilyName(fs::QXLang::LANGID_DEFAULT));
+  json["family"] = utf8(font.getFamilyNameEx());
   json["postscript_name"] = utf8(font.getPostScriptName(fs::QXLang::LANGID_DEFAULT));
   json["file"] = utf8(font.getFontFileName().getLocalPath(true));
   json["form"] = written.form;
@@ -213,7 +213,9 @@ void printText(const std::string& out, const Json& summary) {
   fmt::print("{}: {} {}\n", shown(out), pages, pages == 1 ? "page" : "pages");
   TextTable table({"font", "glyphs", "bytes", "file"});
   for (const Json& font : summary["fonts"]) {
-    table.add({font["postscript_name"], font["glyphs"].dump(), font["bytes"].dump(), font["file"]});
+    const Json& name = font["postscript_name"];
+    table.add({name == "" ? font["family"] : name, font["glyphs"].dump(), font["bytes"].dump(),
+               font["file"]});
   }
   table.print();
 }
