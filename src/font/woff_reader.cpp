@@ -100,6 +100,7 @@ class WoffReader {
   std::vector<WoffEntry> entries_;  // those that are there
   std::uint64_t dataOffset_ = 0;    // of the next table in the output
   std::uint64_t inflated_ = 0;
+  std::uint64_t packed_ = 0;  // bytes read: many entries may name the same ones
 };
 
 TableResult WoffReader::readHeader() {
@@ -149,6 +150,8 @@ TableResult WoffReader::unpackTable(std::size_t index) {
   writeRecord(index, entry);
   const std::vector<std::byte> bytes = readBlock(stream_, entry.offset, entry.compLength);
   if (bytes.size() < entry.compLength) return cutShort();
+  packed_ += entry.compLength;
+  if (packed_ > kMostWoffFontBytes) return cannotUncompress();
   if (!writeContent(entry, ByteView(bytes))) return cannotUncompress();
   dataOffset_ += entry.origLength + padContent();
   return std::nullopt;
