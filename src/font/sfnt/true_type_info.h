@@ -11,11 +11,11 @@
 #include "qxfontservice/names.h"
 #include "qxfontservice/panose.h"
 
+#include "font/contract/eudc_link.h"
 #include "font/contract/font_key.h"
 #include "font/directory/table_failure.h"
 #include "font/metrics/size_scale.h"
 #include "font/names/name_set.h"
-#include "font/sfnt/eudc_link.h"
 #include "font/sfnt/loaded_tables.h"
 #include "font/sfnt/sfnt_records.h"
 #include "layout/table/layout_tables.h"
@@ -155,8 +155,8 @@ class FS_TrueTypeInfo : public FS_LayoutTables {
   // --- End-user-defined characters ---
 
   void setEudcFlag() { eudcFlag_ = true; }
-  [[nodiscard]] sfnt::EudcLink& eudcLink() { return eudcLink_; }
-  [[nodiscard]] const sfnt::EudcLink& eudcLink() const { return eudcLink_; }
+  [[nodiscard]] contract::EudcLink& eudcLink() { return eudcLink_; }
+  [[nodiscard]] const contract::EudcLink& eudcLink() const { return eudcLink_; }
   /// The glyph of `code` as an EUDC font gives it: none where its width is 0.
   [[nodiscard]] unsigned short getEudcGlyphID(int code) const;
 
@@ -167,7 +167,7 @@ class FS_TrueTypeInfo : public FS_LayoutTables {
 
   FS_BaseFont* owner_ = nullptr;
   sfnt::SfntRecords records_;
-  sfnt::EudcLink eudcLink_;
+  contract::EudcLink eudcLink_;
   std::atomic<bool> eudcFlag_{false};
 
   QXLock tableMutex_;

@@ -7,6 +7,8 @@
 #include "font/make_sfnt_font.h"
 #include "pool/registry/font_registry.h"
 #include "pool/registry/opening_watcher.h"
+#include "type1/type1_afm.h"
+#include "type1/type1_pfm.h"
 
 namespace QXFontService_NS {
 namespace {
@@ -24,6 +26,9 @@ QXUri fileUriIn(const FS_FontFolder& folder, const FS_FontFileName& name) {
 
 FS_BaseFont* FS_FontRegistry::createFontObject(FS_FontFolder* folder, const QXUri& uri,
                                                FS_FontFileType type) {
+  // Font programs are never made here: they hang behind their metric files.
+  if (type == FS_FILETYPE_TYPE1_AFM) return new FS_Type1AFM(uri, folder);
+  if (type == FS_FILETYPE_TYPE1_PFM) return new FS_Type1PFM(uri, folder);
   return makeSfntFont(type, uri, folder);
 }
 

@@ -4,7 +4,7 @@
 
 #include "font/contract/font_ref.h"
 
-namespace QXFontService_NS::sfnt {
+namespace QXFontService_NS::contract {
 
 /// The EUDC font of a face. It is set while the service opens and may be cleared by any thread
 /// later, when the linked font does not open.
@@ -26,4 +26,4 @@ class EudcLink {
   std::atomic<short> entry_{0};
 };
 
-}  // namespace QXFontService_NS::sfnt
+}  // namespace QXFontService_NS::contract
