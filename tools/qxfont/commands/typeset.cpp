@@ -117,6 +117,11 @@ struct Output {
   std::vector<Font> fonts;
 };
 
+const char* formOf(const PdfFont& font) {
+  if (font.type1) return "type1";
+  return font.isBareCff ? "cff" : "sfnt";
+}
+
 Output writePdf(const Request& request, const std::vector<Page>& pages,
                 std::vector<UsedGlyphs>& used, const FontSet& fonts) {
   PdfDocument document;
@@ -128,7 +133,7 @@ Output writePdf(const Request& request, const std::vector<Page>& pages,
   for (UsedGlyphs& one : used) {
     numberForPdf(fonts.font(one.face), one);
     const PdfFont font = embeddedFont(fonts.font(one.face), one);
-    out.fonts.push_back({font.isBareCff ? "cff" : "sfnt", font.fontFile.size()});
+    out.fonts.push_back({formOf(font), font.fontFile.size()});
     document.fonts.push_back(font);
   }
   for (const Page& page : pages) document.pages.push_back(pageContent(page, used));
@@ -145,7 +150,7 @@ Output writePostScript(const Request& request, const std::vector<Page>& pages,
   document.creator = kProducer;
   for (UsedGlyphs& one : used) {
     const PsFont font = psFont(fonts.font(one.face), one);
-    out.fonts.push_back({"cid-ps", font.resource.size()});
+    out.fonts.push_back({font.encoding ? "type1" : "cid-ps", font.resource.size()});
     document.fonts.push_back(font);
   }
   for (const Page& page : pages) document.pages.push_back(psPage(page, used));
@@ -228,6 +233,20 @@ void tellMissing(const std::set<int>& missing) {
   fmt::print(stderr, "hint: a further --font lends what the others lack\n");
 }
 
+/// What the document has a font for: each face, of a Type 1 face each page of codes.
+std::vector<UsedGlyphs> byFonts(const std::vector<UsedGlyphs>& faces, const FontSet& fonts) {
+  std::vector<UsedGlyphs> all;
+  for (const UsedGlyphs& face : faces) {
+    if (!fonts.font(face.face).isType1Font()) {
+      all.push_back(face);
+      continue;
+    }
+    const std::vector<UsedGlyphs> pages = splitByCodePage(face);
+    all.insert(all.end(), pages.begin(), pages.end());
+  }
+  return all;
+}
+
 void typeset(const TypesetOptions& options) {
   const Request request = readRequest(options);
   Service service(options.source);
@@ -238,7 +257,7 @@ void typeset(const TypesetOptions& options) {
   PageBuilder builder(request.page, fonts, shaper);
   setText(request, faces, builder);
 
-  std::vector<UsedGlyphs> used = usedGlyphs(builder.pages());
+  std::vector<UsedGlyphs> used = byFonts(usedGlyphs(builder.pages()), fonts);
   for (const UsedGlyphs& one : used) {
     if (!options.allowRestricted) requireRights(fonts.font(one.face), true);
   }
