@@ -48,7 +48,6 @@ void compareOne(Bench& bench, const std::string& file, std::size_t wanted) {
 
 void run(Bench& bench) {
   compareOne(bench, "DejaVuSans.ttf", 3000);
-  compareOne(bench, "EBGaramond12-Regular.otf", 1000);
   if (bench.brief()) return;
   compareOne(bench, "ipam.ttf", 3000);
   compareOne(bench, "ipam.ttf", 10000);
