@@ -84,6 +84,14 @@ TEST(Type2Interpreter, BadCallVanishesWithItsNumber) {
   EXPECT_EQ(interpret(CharStringBuilder().numbers({1, -108}).op(29).op(22)), "1 hmoveto");
 }
 
+// 17 operands and the number of a subroutine that is not there: eight stems and not nine.
+TEST(Type2Interpreter, NumberOfACallIsNoStemOperand) {
+  CharStringBuilder bytes;
+  for (int i = 0; i < 17; ++i) bytes.number(1);
+  const std::string text = interpret(bytes.number(500).op(10).op(18).op(19).raw("\x80\x8C"));
+  EXPECT_EQ(text.substr(text.find("hstemhm")), "hstemhm hintmask 1 128 1");
+}
+
 TEST(Type2Interpreter, CallWithoutANumberIsPassedOver) {
   const FS_CFFStrings local(200, CharStringBuilder().number(9).str());
   EXPECT_EQ(interpret(CharStringBuilder().op(10).numbers({1}).op(22).op(10).op(14), {}, local),
