@@ -40,9 +40,11 @@ class FS_WOFF final : public FS_ExtraFont {
   /// alone: everything else, embedding among it, has a stream of its own.
   QXMemStream* getMemStream() override;
 
+  /// A stream of its own over the unpacked font; none before it was read.
+  embed::FontStream ownStream() override;
+
  private:
   ~FS_WOFF() override;
-  embed::FontStream ownStream() override;
   bool readInner(QXError* error);
 
   std::shared_ptr<UnpackedSfnt> sfnt_;
