@@ -3,6 +3,7 @@
 #include <atomic>
 #include <thread>
 
+#include "embed/woff.h"
 #include "font/answers.h"
 #include "font/key_list.h"
 #include "font/sfnt_fixture.h"
@@ -225,6 +226,24 @@ TEST_F(Woff, FormsAreThoseOfTheFontInside) {
   const SfntBuilder openType = qxtest::sampleOpenType(qxtest::sampleCff());
   EXPECT_EQ(difference(formsOf(*loadWeb(openType), 0), formsOf(*load<FS_OpenType>(openType), 0)),
             "");
+}
+
+void expectItsSubsetPacked(FS_BaseFont& font) {
+  QXMemStream subset(nullptr, 8192, false, true);
+  QXMemStream packed(nullptr, 8192, false, true);
+  QXMemStream web(nullptr, 8192, false, true);
+  ASSERT_TRUE(font.makeSubsetFont({2}, subset, 0, nullptr));
+  ASSERT_TRUE(embed::writeWOFF(packed, subset));
+  ASSERT_TRUE(font.makeWebFont({2}, web, 0, nullptr));
+  EXPECT_TRUE(qxtest::bytesIn(web) == qxtest::bytesIn(packed));
+}
+
+TEST_F(Woff, AWebFontIsTheSubsetPackedOfEveryKind) {
+  const SfntBuilder openType = qxtest::sampleOpenType(qxtest::sampleCff());
+  expectItsSubsetPacked(*load(sampleFont()));
+  expectItsSubsetPacked(*load<FS_OpenType>(openType));
+  expectItsSubsetPacked(*loadWeb(sampleFont()));
+  expectItsSubsetPacked(*loadWeb(openType));
 }
 
 TEST_F(Woff, AStreamThatWasHandedOutStaysAfterTheFont) {
