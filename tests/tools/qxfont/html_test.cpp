@@ -42,7 +42,9 @@ TEST(HtmlText, whatHtmlDoesNotHoldIsReplaced) {
 
 /// Two faces: number 5 is used first, 3 second.
 std::string lineOf(PlacedLine line) {
-  const std::vector<UsedGlyphs> fonts = {{5, {}, {}}, {3, {}, {}}};
+  std::vector<UsedGlyphs> fonts(2);
+  fonts[0].face = 5;
+  fonts[1].face = 3;
   Page page;
   page.lines.push_back(std::move(line));
   return htmlPage(page, {200, 100}, fonts);
