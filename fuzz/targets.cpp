@@ -14,11 +14,14 @@ extern const Target kGpos;
 extern const Target kGsub;
 extern const Target kNames;
 extern const Target kSfnt;
+extern const Target kWebFont;
+extern const Target kWoff;
 extern const Target kXml;
 
 const std::vector<Target>& targets() {
-  static const std::vector<Target> all = {kCff,  kCharstrings, kCmap, kCollections, kConfig, kGdef,
-                                          kGlyf, kGpos,        kGsub, kNames,       kSfnt,   kXml};
+  static const std::vector<Target> all = {kCff,  kCharstrings, kCmap, kCollections, kConfig,
+                                          kGdef, kGlyf,        kGpos, kGsub,        kNames,
+                                          kSfnt, kWebFont,     kWoff, kXml};
   return all;
 }
 

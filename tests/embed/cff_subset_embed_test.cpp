@@ -256,6 +256,27 @@ TEST(CffEmbedFont, FailingClosureFailsTheCall) {
   EXPECT_EQ(embedFrom(endless, {3}), "false");
 }
 
+TEST(CffEmbedFont, ShortPrivateDictFailsTheCall) {
+  CffBuilder builder = nameKeyedFont(4);
+  builder.encoding = bytesOf({0, 1, 65});  // so that the closure does not read it
+  builder.privates[0].subrs.clear();
+  const std::string table = builder.build();
+  EXPECT_NE(embedFrom(table, {1}), "false");
+  EXPECT_EQ(embedFrom(table.substr(0, table.size() - 1), {1}), "false");
+}
+
+// Only what is behind the last structure may be missing: nobody asks whether it came.
+TEST(CffEmbedFont, TailThatIsNotThereIsLeftOut) {
+  CffBuilder builder = cidKeyedFont(8);
+  const std::string table = builder.build();
+  OpenedCff font(table);
+  font.source.table.length += 1000;
+  EXPECT_EQ(written([&](auto& out) {
+              return makeCFFEmbedFont(font.source, {1, 6}, out);
+            }),
+            embedFrom(table, {1, 6}));
+}
+
 TEST(CffEmbedFont, TwoRunsGiveTheSameBytes) {
   CffBuilder builder = cidKeyedFont(20);
   OpenedCff font(builder);

@@ -188,6 +188,29 @@ TEST(CffSubsetFont, ShortPrivateOperandIsOverwrittenPastItsEnd) {
   EXPECT_NE(out[operand + 3], 18);  // the operator is gone
 }
 
+TEST(CffSubsetFont, ShortPrivateDictFailsTheCall) {
+  CffBuilder builder = nameKeyedFont(8);
+  builder.privates[0].subrs.clear();
+  const std::string table = builder.build();
+  const auto run = [](const std::string& bytes) {
+    OpenedCff font(bytes);
+    return written([&](auto& out) { return makeCFFSubsetFont(font.source, {2}, out); });
+  };
+  EXPECT_NE(run(table), "false");
+  EXPECT_EQ(run(table.substr(0, table.size() - 1)), "false");
+}
+
+TEST(CffSubsetFont, TailThatIsNotThereIsLeftOut) {
+  CffBuilder builder = cidKeyedFont(8);
+  OpenedCff font(builder);
+  font.source.spaceGlyph = 1;
+  font.source.table.length += 1000;
+  EXPECT_EQ(written([&](auto& out) {
+              return makeCFFSubsetFont(font.source, {2, 6}, out);
+            }),
+            subsetFrom(builder, {2, 6}));
+}
+
 TEST(CffSubsetFont, CompositesGetNoParts) {
   CffBuilder builder = nameKeyedFont(6);
   builder.glyphs[5] = CharStringBuilder().numbers({10, 20, 65, 194}).op(14).str();

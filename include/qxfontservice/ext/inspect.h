@@ -38,6 +38,16 @@ QX_EXPORT std::vector<CharacterGlyph> characterMap(const FS_FontInfo& font);
 /// The advance of each glyph in font units, `glyphCount` of them (OpenType `hmtx`).
 QX_EXPORT std::vector<unsigned short> advances(const FS_FontInfo& font);
 
+/// A character and its width.
+struct CharacterWidth {
+  int code = 0;     ///< Unicode
+  float width = 0;  ///< whole font units, as `getTextWidth` of an em of that many tells it
+};
+
+/// Each character that a Type 1 font measures, rising, which needs no font program; empty for other
+/// kinds of fonts. They are asked one by one, which takes a moment.
+QX_EXPORT std::vector<CharacterWidth> characterWidths(const FS_FontInfo& font);
+
 /// Two glyphs that move towards or away from each other.
 struct KernPair {
   unsigned short left = 0;
@@ -48,6 +58,10 @@ struct KernPair {
 /// Each pair that the font lists, once, by rising left glyph, then right (OpenType `kern`); empty
 /// where `hasPairKerningInfo(vertical)` is false. A pair that the search of `getPairKerningValue`
 /// misses, since the font does not list its pairs in order, has 0.
+///
+/// Type 1 fonts are asked with what `getPairKerningValue` takes in place of glyphs: characters that
+/// the font measures for AFM files, codes of the font's code page for PFM files. Pairs of value 0
+/// do not tell themselves apart there and are left out.
 QX_EXPORT std::vector<KernPair> kernPairs(const FS_FontInfo& font, bool vertical);
 
 /// A character, the variation selector behind it, and what stands for both.

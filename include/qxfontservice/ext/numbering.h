@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "qxcommon/export.h"
@@ -31,5 +32,25 @@ struct GlyphNumber {
 /// It may read the font's file. One thread a font, as the operations that write.
 QX_EXPORT std::vector<GlyphNumber> numberGlyphs(const FS_FontInfo& font, NumberedForm form,
                                                 const std::vector<unsigned short>& gids);
+
+/// A character of a Type 1 font, and what the pages of `FS_FontInfo::getType1EmbedFont` call it.
+struct CharacterNumber {
+  int character = 0;                   ///< as it was asked for
+  unsigned short code = 0;             ///< page << 8 | code; 0: the font cannot show the character
+  unsigned short glyph = FS_NO_GLYPH;  ///< its id in the font program; FS_NO_GLYPH without one
+  std::string name;                    ///< of the glyph that an embedded page has under the code
+  float width = 0;                     ///< its advance, in whole font units
+};
+
+/// How the pages of a Type 1 font number characters, so that a document can name them.
+///
+/// Each character gets its code as by `FS_FontInfo::getType1CharCode`, in the order given, and
+/// keeps it as long as the font lives.
+///
+/// @param characters Unicode, in any order and any number of times.
+/// @return a row for each, in their order; empty for an empty handle and for other kinds of fonts.
+/// It reads the font's files. One thread a font, as the operations that write.
+QX_EXPORT std::vector<CharacterNumber> numberCharacters(const FS_FontInfo& font,
+                                                        const std::vector<int>& characters);
 
 }  // namespace QXFontService_NS::ext

@@ -1,9 +1,12 @@
 #include "qxfontservice/ext/inspect.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <tuple>
 
 #include "font/contract/base_font.h"
+#include "font/contract/font_file_options.h"
 #include "font/sfnt/true_type_info.h"
 #include "font/sfnt_font.h"
 #include "service/boundary.h"
@@ -12,6 +15,9 @@ namespace QXFontService_NS::ext {
 namespace {
 
 constexpr int kCodesOfUnicode = 0x110000;
+constexpr int kCodesOfFirstPlane = 0x10000;
+// Each pair of them is asked for. Glyph names reach a quarter of it; a glyph list may go on.
+constexpr std::size_t kMostKerned = 4096;
 
 /// The record of the face, or null where the kind of font has none; that of a document's font is
 /// the record of the font inside.
@@ -75,6 +81,47 @@ std::vector<VariationGlyph> sequencesOf(const cmap::CharacterMaps& maps) {
   return sequences;
 }
 
+bool isType1(const FS_FontInfo& font) {
+  return font.isType1Font() && recordOf(font) == nullptr;
+}
+
+/// Glyph names are those of characters of the first plane; a glyph list may name others.
+int endOfMeasured(const FS_FontInfo& font) {
+  const FS_FontFileOptions* options = font.getFont()->getExtraBaseFont()->fontEntry();
+  const bool hasList = options != nullptr && !options->glyphList.isEmpty();
+  return hasList ? kCodesOfUnicode : kCodesOfFirstPlane;
+}
+
+/// What `getPairKerningValue` of a Type 1 font takes.
+std::vector<unsigned short> kernedCodes(const FS_FontInfo& font) {
+  std::vector<unsigned short> codes;
+  if (font.getFontFileType2() == FS_FILETYPE_TYPE1_PFM) {
+    for (int code = 0; code <= 0xFF; ++code) codes.push_back(static_cast<unsigned short>(code));
+    return codes;
+  }
+  for (const CharacterWidth& measured : characterWidths(font))
+    if (measured.code <= 0xFFFF && codes.size() < kMostKerned)
+      codes.push_back(static_cast<unsigned short>(measured.code));
+  return codes;
+}
+
+short wholeUnits(float value) {
+  constexpr float kLargest = std::numeric_limits<short>::max();
+  return static_cast<short>(std::clamp(value, -kLargest, kLargest));
+}
+
+std::vector<KernPair> askedPairs(const FS_FontInfo& font) {
+  std::vector<KernPair> pairs;
+  const std::vector<unsigned short> codes = kernedCodes(font);
+  for (const unsigned short left : codes) {
+    for (const unsigned short right : codes) {
+      const float value = font.getPairKerningValue(left, right, 0, false);
+      if (value != 0) pairs.push_back({left, right, wholeUnits(value)});
+    }
+  }
+  return pairs;
+}
+
 }  // namespace
 
 std::vector<int> nameLanguages(const FS_FontInfo& font) {
@@ -112,7 +159,28 @@ std::vector<unsigned short> advances(const FS_FontInfo& font) {
   });
 }
 
+std::vector<CharacterWidth> characterWidths(const FS_FontInfo& font) {
+  return service::atBoundary(std::vector<CharacterWidth>(), [&] {
+    std::vector<CharacterWidth> widths;
+    if (!isType1(font)) return widths;
+    const int em = -font.getUnitsPerEm();
+    const int end = endOfMeasured(font);
+    for (int code = 0; code < end; ++code) {
+      int missing = -1;
+      const float width = font.getTextWidth(code, em, false, &missing);
+      if (missing < 0) widths.push_back({code, std::round(width)});
+    }
+    return widths;
+  });
+}
+
 std::vector<KernPair> kernPairs(const FS_FontInfo& font, bool vertical) {
+  if (isType1(font)) {
+    return service::atBoundary(std::vector<KernPair>(), [&] {
+      return font.hasPairKerningInfo(vertical) && !vertical ? askedPairs(font)
+                                                            : std::vector<KernPair>();
+    });
+  }
   return ofRecord<std::vector<KernPair>>(font, [&](const FS_TrueTypeInfo& record) {
     const metrics::KernPairs& kern = record.loaded().kern;
     return kern.hasPairs(vertical) ? pairsOf(kern, vertical) : std::vector<KernPair>();

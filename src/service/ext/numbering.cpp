@@ -1,11 +1,17 @@
 #include "qxfontservice/ext/numbering.h"
 
+#include <cmath>
 #include <map>
 #include <set>
 
+#include "qxcommon/lock.h"
+
 #include "embed/cff/cff_info.h"
+#include "font/contract/outline_lock.h"
 #include "font/sfnt_font.h"
 #include "service/boundary.h"
+#include "type1/type1.h"
+#include "type1/type1_printer.h"
 
 namespace QXFontService_NS::ext {
 namespace {
@@ -90,7 +96,66 @@ class NumberedFace {
   int entry_;
 };
 
+/// A Type 1 font by its metric file.
+class NumberedType1 {
+ public:
+  explicit NumberedType1(const FS_FontInfo& font)
+      : handle_(font), font_(font.getFont() == nullptr ? nullptr : type1Of(*font.getFont())) {}
+
+  [[nodiscard]] bool exists() const { return font_ != nullptr; }
+
+  [[nodiscard]] CharacterNumber number(int character) const {
+    CharacterNumber number;
+    number.character = character;
+    number.code = handle_.getType1CharCode(character);
+    if (number.code == 0) return number;
+    number.name = nameOf(number.code);
+    number.glyph = glyphOf(number.name);
+    // Metric files have whole units, which a text's width scales and does not always give back.
+    const int em = -handle_.getUnitsPerEm();
+    number.width = std::round(handle_.getTextWidth(character, em, false, nullptr));
+    return number;
+  }
+
+ private:
+  static FS_Type1* type1Of(FS_BaseFont& font) {
+    return dynamic_cast<FS_Type1*>(font.getExtraBaseFont());
+  }
+
+  /// As the writers find it; without a program nothing is written, and the page tells.
+  [[nodiscard]] std::string nameOf(unsigned short code) const {
+    const auto page = static_cast<unsigned char>(code >> 8);
+    const auto place = static_cast<unsigned char>(code & 0xFF);
+    const FS_Type1Printer* const program = font_->getPrinterFont();
+    if (program != nullptr) return program->nameOnPage(place, handle_.getType1CMapArray(page));
+    std::string name;
+    handle_.getType1GlyphName(page, place, name);
+    return name;
+  }
+
+  [[nodiscard]] unsigned short glyphOf(const std::string& name) const {
+    QXMutex guard(&FS_OutlineLock());
+    FT_Face face = font_->getFreeTypeFace(0);
+    const FT_UInt glyph = face != nullptr ? FT_Get_Name_Index(face, name.c_str()) : 0;
+    return glyph == 0 ? FS_NO_GLYPH : static_cast<unsigned short>(glyph);
+  }
+
+  const FS_FontInfo& handle_;
+  FS_Type1* font_;
+};
+
 }  // namespace
+
+std::vector<CharacterNumber> numberCharacters(const FS_FontInfo& font,
+                                              const std::vector<int>& characters) {
+  return service::atBoundary(std::vector<CharacterNumber>(), [&] {
+    std::vector<CharacterNumber> numbers;
+    const NumberedType1 numbered(font);
+    if (!numbered.exists()) return numbers;
+    for (const int character : characters) numbers.push_back(numbered.number(character));
+    return numbers;
+  });
+}
 
 std::vector<GlyphNumber> numberGlyphs(const FS_FontInfo& font, NumberedForm form,
                                       const std::vector<unsigned short>& gids) {

@@ -61,7 +61,8 @@ TEST(Forms, ofOtherNamesAreAWrongCall) {
 }
 
 TEST(Forms, areToldInOrder) {
-  EXPECT_EQ(formNames(), "sfnt, sfnt-cmap, sfnt-all, svg2, stream, ps-glyphs, cff, cid-ps, woff");
+  EXPECT_EQ(formNames(),
+            "sfnt, sfnt-cmap, sfnt-all, svg2, stream, ps-glyphs, cff, cid-ps, type1, woff");
 }
 
 TEST(Forms, areNotThoseOfAnEmptyFont) {

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "qxfont/cli/status.h"
+#include "qxfont/embed/pdf_name.h"
 #include "qxfont/pdf/embedded_font.h"
 #include "qxfont/pdf/page_content.h"
 #include "qxfont/pdf/pdf_document.h"
@@ -166,6 +167,10 @@ TEST(PdfBytes, differByTheKindOfTheFont) {
   PdfDocument document = sampleDocument();
   const std::string trueType = pdfBytes(document);
   document.fonts[0].isBareCff = true;
+  const std::string cff = pdfBytes(document);
+  EXPECT_NE(cff, trueType);
+  document.fonts[0].type1 = PdfType1{{5, 6, 4}, {{1, "A"}, {7, "B"}}};
+  EXPECT_NE(pdfBytes(document), cff);
   EXPECT_NE(pdfBytes(document), trueType);
 }
 

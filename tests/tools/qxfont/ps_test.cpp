@@ -65,7 +65,7 @@ TEST(PsBytes, areAStructuredDocument) {
   document.width = 100.5;
   document.height = 200;
   document.creator = "test";
-  document.fonts = {{"A", "define A\n", 1}, {"B", "define B\n", 15.625}};
+  document.fonts = {{"A", "define A\n", 1, {}}, {"B", "define B\n", 15.625, {}}};
   document.pages = {"one\n", "two\n"};
   EXPECT_EQ(psBytes(document),
             "%!PS-Adobe-3.0\n"

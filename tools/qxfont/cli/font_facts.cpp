@@ -93,7 +93,7 @@ Json metricsOf(const fs::FS_FontInfo& font) {
   metrics["external_leading"] = number(record.getExternalLeading());
   metrics["average_width"] = number(record.getAveCharWidth());
   metrics["maximum_width"] = number(record.getMaxCharWidth());
-  metrics["italic_angle"] = number(italicAngle(record));
+  metrics["italic_angle"] = number(italicAngle(font, record));
   metrics["bounds"] = {number(record.getBBoxLeft()), number(record.getBBoxBottom()),
                        number(record.getBBoxRight()), number(record.getBBoxTop())};
   return metrics;
@@ -107,8 +107,9 @@ fs::FS_NewTextMetricEx metricsInUnits(const fs::FS_FontInfo& font) {
   return metrics;
 }
 
-double italicAngle(const fs::FS_NewTextMetricEx& metrics) {
-  return static_cast<double>(metrics.getItalicAngle()) / 65536;  // 16.16
+double italicAngle(const fs::FS_FontInfo& font, const fs::FS_NewTextMetricEx& metrics) {
+  const auto angle = static_cast<double>(metrics.getItalicAngle());
+  return font.isType1Font() ? angle : angle / 65536;  // of an sfnt it is in 16.16
 }
 
 Json fontFacts(const fs::FS_FontInfo& font) {

@@ -14,6 +14,7 @@ Json fontFacts(const QXFontService_NS::FS_FontInfo& font);
 QXFontService_NS::FS_NewTextMetricEx metricsInUnits(const QXFontService_NS::FS_FontInfo& font);
 
 /// Degrees, negative for a font that leans to the right.
-double italicAngle(const QXFontService_NS::FS_NewTextMetricEx& metrics);
+double italicAngle(const QXFontService_NS::FS_FontInfo& font,
+                   const QXFontService_NS::FS_NewTextMetricEx& metrics);
 
 }  // namespace qxfont

@@ -29,6 +29,12 @@ bool opensAtAll(const fs::QXUri& file) {
   return opens;
 }
 
+bool isFontProgram(const std::string& path) {
+  icu::UnicodeString extension = unicode(std::filesystem::path(path).extension().string());
+  extension.toLower(icu::Locale::getRoot());
+  return extension == u".pfb" || extension == u".pfa";
+}
+
 OpenFont openPath(const FontOptions& options) {
   const fs::QXUri file = uriOfPath(options.font);
   fs::FS_FontInfo info;
@@ -37,7 +43,10 @@ OpenFont openPath(const FontOptions& options) {
     throw ToolError(Status::noMatch, fmt::format("{} has no face {}", options.font, options.face),
                     "faces are counted from 0");
   }
-  throw unreadable(options.font, info.getError());
+  ToolError error = unreadable(options.font, info.getError());
+  if (!isFontProgram(options.font)) throw error;
+  throw ToolError(error.status(), error.what(),
+                  "a Type 1 font is opened by its metrics, the .afm or .pfm file beside it");
 }
 
 OpenFont openName(Service& service, const FontOptions& options) {

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <iterator>
 #include <memory>
 #include <string>
@@ -56,7 +57,16 @@ DumpRows cmapRows(const fs::FS_FontInfo& font) {
   return rows;
 }
 
+/// A Type 1 font measures characters.
+DumpRows characterWidthRows(const fs::FS_FontInfo& font) {
+  DumpRows rows;
+  for (const auto& [code, width] : fs::ext::characterWidths(font))
+    rows.push_back({numbered(code), codePointName(code), static_cast<int>(std::lround(width))});
+  return rows;
+}
+
 DumpRows widthRows(const fs::FS_FontInfo& font) {
+  if (font.isType1Font()) return characterWidthRows(font);
   DumpRows rows;
   for (const unsigned short width : fs::ext::advances(font)) {
     const std::string glyph = fmt::format("{}", rows.size());

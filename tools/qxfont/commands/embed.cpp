@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <utility>
@@ -57,6 +58,24 @@ void checkCall(const EmbedOptions& options, const Form& form) {
   }
 }
 
+/// The file of a page of a Type 1 font: the first one is the output itself, "out.pfb", and the
+/// others have their numbers behind its name, "out-2.pfb".
+std::string pathOf(const std::string& out, const FormResult& result, const Type1Page& page) {
+  if (&page == &result.pages.front()) return out;
+  const std::filesystem::path path(out);
+  return path.parent_path() /
+         fmt::format("{}-{}{}", path.stem().string(), page.page, path.extension().string());
+}
+
+/// Pages get names of their own, which the map must not have.
+void checkMap(const EmbedOptions& options, const FormResult& result) {
+  for (const Type1Page& page : result.pages) {
+    if (options.map != pathOf(options.out, result, page)) continue;
+    throw ToolError(Status::wrongCall,
+                    "a page of the font and its map are to be one file: " + options.map);
+  }
+}
+
 GlyphRequest requestOf(const EmbedOptions& options) {
   GlyphRequest request;
   const auto add = [&](const std::vector<int>& codes) {
@@ -89,9 +108,28 @@ FormResult write(const fs::FS_FontInfo& font, const Form& form, bool asSpecified
                               utf8(font.getFontFileName().getLocalPath(true)), form.name));
 }
 
+/// What the document has to call the characters of a Type 1 font: page << 8 | code, and the name
+/// that its encoding needs there.
+Json characterMapJson(const fs::FS_FontInfo& font, const GlyphChoice& choice) {
+  std::vector<int> characters;
+  for (const auto& [code, codePoint] : choice.glyphs) characters.push_back(codePoint);
+  Json map = Json::array();
+  for (const auto& numbered : fs::ext::numberCharacters(font, characters)) {
+    Json row;
+    if (numbered.glyph != fs::FS_NO_GLYPH) row["glyph"] = numbered.glyph;
+    row["id"] = numbered.code;
+    row["unicode"] = numbered.character;
+    row["width"] = number(numbered.width);
+    row["name"] = numbered.name;
+    map.push_back(row);
+  }
+  return map;
+}
+
 /// What the document has to call the glyphs, with the character by which each was asked for.
 Json mapJson(const fs::FS_FontInfo& font, const Form& form, const FormResult& result,
              const GlyphChoice& choice) {
+  if (font.isType1Font()) return characterMapJson(font, choice);
   std::vector<unsigned short> gids;
   for (const auto& [gid, codePoint] : choice.glyphs) {
     if (std::find(result.leftOut.begin(), result.leftOut.end(), gid) == result.leftOut.end())
@@ -113,23 +151,39 @@ Json mapJson(const fs::FS_FontInfo& font, const Form& form, const FormResult& re
 
 std::size_t sizeOf(const FormResult& result) {
   std::size_t size = result.bytes.size();
+  for (std::size_t i = 1; i < result.pages.size(); ++i) size += result.pages[i].program.size();
   for (const auto& [gid, bytes] : result.glyphFiles) size += bytes.size();
   return size;
 }
 
+Json pagesJson(const FormResult& result, const std::string& out) {
+  Json pages = Json::array();
+  for (const Type1Page& page : result.pages) {
+    pages.push_back({{"page", page.page},
+                     {"file", pathOf(out, result, page)},
+                     {"bytes", page.program.size()},
+                     {"lengths", page.lengths}});
+  }
+  return pages;
+}
+
 Json summaryJson(const fs::FS_FontInfo& font, const Form& form, const FormResult& result,
-                 const GlyphChoice& choice) {
+                 const GlyphChoice& choice, const std::string& out) {
   Json json;
   json["form"] = form.name;
   json["bytes"] = sizeOf(result);
   json["glyphs"] = choice.glyphs.size();
   json["name"] = utf8(font.getPostScriptName(fs::QXLang::LANGID_DEFAULT));
+  if (!result.pages.empty()) json["lengths"] = result.pages.front().lengths;
+  if (result.pages.size() > 1) json["pages"] = pagesJson(result, out);
   json["map"] = mapJson(font, form, result, choice);
   return json;
 }
 
 void addFiles(OutputFiles& files, const std::string& path, const Form& form,
               const FormResult& result) {
+  for (const Type1Page& page : result.pages) files.add(pathOf(path, result, page), page.program);
+  if (!result.pages.empty()) return;
   if (!form.folder) return files.add(path, result.bytes);
   files.addFolder(path);
   files.addToFolder("font.sfnt", result.bytes);
@@ -156,7 +210,8 @@ void embed(const EmbedOptions& options) {
   if (!options.allowRestricted) requireRights(*font, !form.whole);
 
   const FormResult result = write(*font, form, options.asSpecified, choice);
-  const Json summary = summaryJson(*font, form, result, choice);
+  const Json summary = summaryJson(*font, form, result, choice, options.out);
+  checkMap(options, result);
   OutputFiles files;
   addFiles(files, options.out, form, result);
   if (!options.map.empty()) files.add(options.map, jsonText(summary["map"]) + "\n");

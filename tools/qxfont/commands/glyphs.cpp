@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "qxfontservice/ext/numbering.h"
+
 #include "qxfont/cli/open_font.h"
 #include "qxfont/cli/options.h"
 #include "qxfont/cli/output.h"
@@ -36,8 +38,25 @@ struct GlyphsResult {
   int firstMissing = -1;
 };
 
+/// A Type 1 font knows its glyphs by characters.
+GlyphsResult askType1(const fs::FS_FontInfo& font, const icu::UnicodeString& text, int size) {
+  GlyphsResult result;
+  std::vector<int> characters;
+  for (int i = 0; i < text.length(); i = text.moveIndex32(i, 1))
+    characters.push_back(text.char32At(i));
+  for (const auto& numbered : fs::ext::numberCharacters(font, characters)) {
+    const float width = font.getTextWidth(numbered.character, size, false, nullptr);
+    result.rows.push_back({numbered.character, numbered.glyph, width});
+  }
+  result.textWidth = font.getTextWidth(text, size, false, &result.firstMissing);
+  return result;
+}
+
 GlyphsResult ask(const fs::FS_FontInfo& font, const GlyphsOptions& options) {
   const icu::UnicodeString text = unicode(options.text);
+  // Font units are asked for as an em of that many, since a width of size 0 is no sum.
+  const int size = options.size != 0 ? options.size : -font.getUnitsPerEm();
+  if (font.isType1Font()) return askType1(font, text, size);
   GlyphsResult result;
   std::vector<unsigned short> glyphs(static_cast<std::size_t>(text.length()));
   int count = 0;
@@ -50,8 +69,6 @@ GlyphsResult ask(const fs::FS_FontInfo& font, const GlyphsOptions& options) {
     result.rows.push_back(
         {text.char32At(i), glyph, font.getGlyphWidth(glyph, options.size, options.vertical)});
   }
-  // Font units are asked for as an em of that many, since a width of size 0 is no sum.
-  const int size = options.size != 0 ? options.size : -font.getUnitsPerEm();
   result.textWidth = font.getTextWidth(text, size, options.vertical, nullptr);
   return result;
 }

@@ -91,6 +91,10 @@ void shape(const ShapeOptions& options) {
   ShapeRequest request = requestOf(options);
   Service service(options.source);
   const OpenFont font = openFont(service, options.font);
+  if (font->isType1Font()) {
+    throw ToolError(Status::wrongCall, options.font.font + " has no OpenType layout",
+                    "it is a Type 1 font: qxfont glyphs and qxfont typeset take it");
+  }
   const icu::UnicodeString text = unicode(options.text);
   Glyphs glyphs = LayoutShaper(*font, std::move(request)).shape(text, 0, text.length());
   if (options.rightToLeft) std::reverse(glyphs.begin(), glyphs.end());

@@ -59,7 +59,18 @@ bool writeConformingWebFont(const FS_FontInfo& font, const Gids& gids, FormResul
   return true;
 }
 
+bool writeType1(const FS_FontInfo& font, const Gids& codes, FormResult& out) {
+  out.pages = type1Pages(font, codes);
+  if (!out.pages.empty()) out.bytes = out.pages.front().program;
+  return !out.pages.empty();
+}
+
 bool writeStream(const FS_FontInfo& font, const Gids&, FormResult& out) {
+  if (font.isType1Font()) {
+    out.pages = {wholeType1(font)};
+    out.bytes = out.pages.front().program;
+    return true;
+  }
   QXMemStream stream(nullptr, kBlock, false, true);
   if (!font.getEmbedFontStream(stream)) return false;
   out.bytes = bytesOf(stream);
@@ -121,6 +132,15 @@ bool isSfnt(const FS_FontInfo& font) {
   return font.isTrueTypeFont();
 }
 
+/// Fonts with a font program beside their metrics.
+bool isType1(const FS_FontInfo& font) {
+  return font.isType1Font() && font.getEmbedStatus() == QXFontService_NS::FS_EMBED_ALLOWED;
+}
+
+bool hasStream(const FS_FontInfo& font) {
+  return isSfnt(font) || isType1(font);
+}
+
 std::string joined(const std::vector<std::string>& names) {
   return fmt::format("{}", fmt::join(names, ", "));
 }
@@ -136,13 +156,14 @@ const std::vector<Form>& forms() {
        false, writeConformingSubset, true},
       {"svg2", "a font for SVG", isSfnt, writeBy<&FS_FontInfo::getSVG2EmbedFont>, kKeepsIds, false,
        false, nullptr, true},
-      {"stream", "the whole font as it is", isSfnt, writeStream, kKeepsIds, true},
+      {"stream", "the whole font as it is", hasStream, writeStream, kKeepsIds, true},
       {"ps-glyphs", "a folder: the sfnt for PostScript and one file a glyph", isTrueType,
        writePsGlyphs, kKeepsIds, false, true},
       {"cff", "the bare CFF for PDF", isCff, writeBy<&FS_FontInfo::getEmbedFont>,
        NumberedForm::embedFont},
       {"cid-ps", "a CIDFontType 0 for PostScript, without blank glyphs", isOpenType,
        writeCidPostScript, NumberedForm::cidFontType0},
+      {"type1", "Type 1 in segments, a file for each page of 256 codes", isType1, writeType1},
       {"woff", "a web font", isSfnt, writeBy<&FS_FontInfo::makeWebFont>, kKeepsIds, false, false,
        writeConformingWebFont, true},
   };

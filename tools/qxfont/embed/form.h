@@ -7,6 +7,8 @@
 #include "qxfontservice/ext/numbering.h"
 #include "qxfontservice/font_info.h"
 
+#include "qxfont/embed/type1_page.h"
+
 namespace qxfont {
 
 /// What writing a form gave.
@@ -14,9 +16,11 @@ struct FormResult {
   std::string bytes;
   std::map<unsigned short, std::string> glyphFiles;  ///< outlines by glyph, for `ps-glyphs`
   std::vector<unsigned short> leftOut;               ///< blank glyphs that the form does not need
+  std::vector<Type1Page> pages;                      ///< of a Type 1 font; `bytes` is the first
 };
 
 /// Writes a form of a font; false when the font cannot.
+/// @param gids glyph ids; of a form by characters, their pages and codes.
 using FormWriter = bool (*)(const QXFontService_NS::FS_FontInfo& font,
                             const std::vector<unsigned short>& gids, FormResult& out);
 

@@ -71,7 +71,8 @@ std::optional<std::pair<int, int>> codePointRange(std::string_view item) {
 }
 
 void lookUp(const fs::FS_FontInfo& font, int codePoint, GlyphChoice& choice) {
-  const unsigned short glyph = font.getGlyphID(codePoint, false);
+  const unsigned short glyph =
+      font.isType1Font() ? font.getType1CharCode(codePoint) : font.getGlyphID(codePoint, false);
   if (glyph != fs::FS_NO_GLYPH && glyph != 0) {
     choice.glyphs.emplace(glyph, codePoint);
   } else if (std::find(choice.missing.begin(), choice.missing.end(), codePoint) ==
@@ -138,6 +139,10 @@ std::vector<unsigned short> allGlyphs(const fs::FS_FontInfo& font) {
 GlyphChoice chooseGlyphs(const fs::FS_FontInfo& font, const GlyphRequest& request) {
   GlyphChoice choice;
   for (const int codePoint : request.codePoints) lookUp(font, codePoint, choice);
+  if (font.isType1Font() && !request.gids.empty()) {
+    throw ToolError(Status::wrongCall, "the glyphs of a Type 1 font are asked for by characters",
+                    "give --text, --text-file or --unicodes");
+  }
   const unsigned int count = fs::ext::glyphCount(font);
   bool unnamed = false;
   for (const unsigned short gid : request.gids) {

@@ -17,8 +17,9 @@ struct GlyphRequest {
 
 /// The glyphs that a request comes to.
 struct GlyphChoice {
-  std::map<unsigned short, int> glyphs;  ///< glyph id: its first code point, -1 for none
-  std::vector<int> missing;              ///< code points without a glyph, each once
+  /// Glyph id, of a Type 1 font page and code: its first code point, -1 for none.
+  std::map<unsigned short, int> glyphs;
+  std::vector<int> missing;  ///< code points without a glyph, each once
 };
 
 /// Code points of a UTF-8 text; controls such as line ends ask for no glyph.

@@ -13,6 +13,9 @@
 #include "qxfont/cli/status.h"
 #include "qxfont/cli/text.h"
 #include "qxfont/embed/form.h"
+#include "qxfont/embed/pdf_name.h"
+#include "qxfont/embed/type1_names.h"
+#include "qxfont/embed/type1_page.h"
 #include "qxfont/pdf/subset_tag.h"
 #include "qxfont/pdf/to_unicode.h"
 
@@ -60,7 +63,7 @@ void takeMetrics(const fs::FS_FontInfo& font, double scale, PdfFont& out) {
   const auto scaled = [&](float units) { return std::round(static_cast<double>(units) * scale); };
   out.bounds = {scaled(metrics.getBBoxLeft()), scaled(metrics.getBBoxBottom()),
                 scaled(metrics.getBBoxRight()), scaled(metrics.getBBoxTop())};
-  out.italicAngle = italicAngle(metrics);
+  out.italicAngle = italicAngle(font, metrics);
   out.ascent = scaled(metrics.getAscent());
   out.descent = -std::fabs(scaled(metrics.getDescent()));
   out.capHeight = scaled(metrics.getCapHeight());
@@ -93,26 +96,56 @@ bool isBareCff(const std::string& fontFile) {
 }
 
 std::string nameOf(const fs::FS_FontInfo& font) {
-  for (const auto& name : {font.getPostScriptName(fs::QXLang::LANGID_DEFAULT),
-                           font.getFamilyName(fs::QXLang::LANGID_DEFAULT)}) {
+  for (const auto& name :
+       {font.getPostScriptName(fs::QXLang::LANGID_DEFAULT), font.getFamilyNameEx()}) {
     const std::string usable = pdfName(utf8(name));
     if (!usable.empty()) return usable;
   }
   return "Font";
 }
 
-}  // namespace
-
-std::string pdfName(const std::string& name) {
-  constexpr std::string_view kDelimiters = "()<>[]{}/%#";
-  std::string usable;
-  std::copy_if(name.begin(), name.end(), std::back_inserter(usable), [&](char c) {
-    return c > ' ' && c < 0x7F && kDelimiters.find(c) == std::string_view::npos;
-  });
-  return usable;
+/// The width of a glyph of Type 1 stands by its character in the metrics.
+double widthIn(const fs::FS_FontInfo& font, const UsedGlyphs& used, unsigned short gid) {
+  if (used.codePage == UsedGlyphs::kNoCodePage)
+    return static_cast<double>(font.getGlyphWidth(gid, 0, false));
+  return used.widths.at(gid) * font.getUnitsPerEm();
 }
 
+void takeCodes(const fs::FS_FontInfo& font, const UsedGlyphs& used, double scale, PdfFont& out) {
+  std::map<unsigned short, icu::UnicodeString> texts;
+  for (const auto& [gid, text] : used.texts) {
+    const unsigned short code = used.codeOf(gid);
+    out.widths.emplace_back(code, widthIn(font, used, gid) * scale);
+    texts.emplace(code, text);
+  }
+  std::sort(out.widths.begin(), out.widths.end());
+  out.toUnicode = toUnicodeMap(texts, used.codePage == UsedGlyphs::kNoCodePage ? 2 : 1);
+}
+
+/// All but the font program.
+PdfFont described(const fs::FS_FontInfo& font, const UsedGlyphs& used) {
+  const double scale = 1000.0 / std::max(font.getUnitsPerEm(), 1);
+  const Style style = styleOf(font);
+  const std::string name = nameOf(font);
+  PdfFont out;
+  out.baseFont = subsetTag(name, used.gids()) + "+" + name;
+  out.flags = flagsOf(font, style);
+  out.stemV = stemOf(style.weight);
+  takeMetrics(font, scale, out);
+  takeCodes(font, used, scale, out);
+  return out;
+}
+
+void takeType1(const fs::FS_FontInfo& font, const UsedGlyphs& used, PdfFont& out) {
+  const Type1Page page = type1Pages(font, used.gids()).front();
+  out.fontFile = withoutSegments(page);
+  out.type1 = PdfType1{page.lengths, namesOnCodePage(font, used.texts)};
+}
+
+}  // namespace
+
 void numberForPdf(const fs::FS_FontInfo& font, UsedGlyphs& used) {
+  if (used.codePage != UsedGlyphs::kNoCodePage) return;  // it has its codes
   for (const auto& row :
        fs::ext::numberGlyphs(font, fs::ext::NumberedForm::embedFont, wantedGlyphs(used))) {
     used.codes.emplace(row.glyph, row.id);
@@ -127,26 +160,13 @@ void numberForPdf(const fs::FS_FontInfo& font, UsedGlyphs& used) {
 }
 
 PdfFont embeddedFont(const fs::FS_FontInfo& font, const UsedGlyphs& used) {
-  const std::vector<unsigned short> gids = used.gids();
-  const double scale = 1000.0 / std::max(font.getUnitsPerEm(), 1);
-  const Style style = styleOf(font);
-  const std::string name = nameOf(font);
-  PdfFont out;
-  out.baseFont = subsetTag(name, gids) + "+" + name;
+  PdfFont out = described(font, used);
+  if (used.codePage != UsedGlyphs::kNoCodePage) {
+    takeType1(font, used, out);
+    return out;
+  }
   out.fontFile = subsetOf(font, wantedGlyphs(used));
   out.isBareCff = isBareCff(out.fontFile);
-  out.flags = flagsOf(font, style);
-  out.stemV = stemOf(style.weight);
-  takeMetrics(font, scale, out);
-  std::map<unsigned short, icu::UnicodeString> texts;
-  for (const unsigned short gid : gids) {
-    const unsigned short code = used.codeOf(gid);
-    const double width = static_cast<double>(font.getGlyphWidth(gid, 0, false));
-    out.widths.emplace_back(code, width * scale);
-    texts.emplace(code, used.texts.at(gid));
-  }
-  std::sort(out.widths.begin(), out.widths.end());
-  out.toUnicode = toUnicodeMap(texts);
   return out;
 }
 

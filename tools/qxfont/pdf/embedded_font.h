@@ -12,11 +12,8 @@ namespace qxfont {
 void numberForPdf(const QXFontService_NS::FS_FontInfo& font, UsedGlyphs& used);
 
 /// Makes the part of a font that pages use ready for a PDF document.
-/// @param used with its codes.
+/// @param used with its codes; of a Type 1 font one page of codes.
 /// @throws ToolError `badFont` when the font does not give its subset.
 PdfFont embeddedFont(const QXFontService_NS::FS_FontInfo& font, const UsedGlyphs& used);
-
-/// A PostScript name as PDF takes it: printable ASCII without blanks and delimiters.
-std::string pdfName(const std::string& name);
 
 }  // namespace qxfont

@@ -11,12 +11,6 @@
 namespace qxfont {
 namespace {
 
-std::size_t indexOf(const std::vector<UsedGlyphs>& fonts, std::size_t face) {
-  std::size_t index = 0;
-  while (index < fonts.size() && fonts[index].face != face) ++index;
-  return index;
-}
-
 /// Writes one line glyph by glyph.
 class LineWriter {
  public:
@@ -33,7 +27,7 @@ class LineWriter {
 
  private:
   void add(const Glyph& glyph) {
-    const std::size_t font = indexOf(fonts_, glyph.face);
+    const std::size_t font = indexOf(fonts_, glyph);
     if (font != font_) changeFont(font);
     const bool told = fonts_[font].texts.at(glyph.gid) == glyph.text;
     if (!told) {
@@ -56,7 +50,7 @@ class LineWriter {
   void take(const Glyph& glyph) {
     if (glyph.dy != rise_) changeRise(glyph.dy);
     if (isSeen(glyph.dx)) move(-glyph.dx);
-    hex_ += fmt::format("{:04X}", fonts_[font_].codeOf(glyph.gid));
+    hex_ += fonts_[font_].hexOf(glyph.gid);
     // What the reader moves on by the width that the document states, less what is wanted.
     const double back = glyph.dx + glyph.width - glyph.advance;
     if (isSeen(back)) move(back);

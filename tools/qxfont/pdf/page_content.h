@@ -8,7 +8,7 @@
 
 namespace qxfont {
 
-/// The content stream of a page (ISO 32000-1, 9.4). Face `fonts[i]` is /Fi.
+/// The content stream of a page (ISO 32000-1, 9.4). `fonts[i]` is /Fi.
 ///
 /// Where a glyph stands for other characters than its font's ToUnicode map says, since two
 /// characters share it or no font has the character, the text goes along as ActualText.

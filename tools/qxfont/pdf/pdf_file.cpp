@@ -34,6 +34,12 @@ Object rectangle(const std::array<double, 4>& box) {
 /// name.
 Object fontFileOf(QPDF& pdf, const PdfFont& font) {
   Object stream = Object::newStream(&pdf, font.fontFile);
+  if (font.type1) {
+    for (std::size_t i = 0; i < font.type1->lengths.size(); ++i)
+      stream.getDict().replaceKey("/Length" + std::to_string(i + 1),
+                                  Object::newInteger(font.type1->lengths[i]));
+    return stream;
+  }
   if (font.isBareCff) {
     stream.getDict().replaceKey("/Subtype", name("CIDFontType0C"));
     return stream;
@@ -41,6 +47,12 @@ Object fontFileOf(QPDF& pdf, const PdfFont& font) {
   stream.getDict().replaceKey("/Length1",
                               Object::newInteger(static_cast<long long>(font.fontFile.size())));
   return stream;
+}
+
+/// The key under which a descriptor has its font program.
+const char* fontFileKey(const PdfFont& font) {
+  if (font.type1) return "/FontFile";
+  return font.isBareCff ? "/FontFile3" : "/FontFile2";
 }
 
 Object descriptorOf(QPDF& pdf, const PdfFont& font) {
@@ -54,7 +66,7 @@ Object descriptorOf(QPDF& pdf, const PdfFont& font) {
   dictionary.replaceKey("/Descent", number(font.descent));
   dictionary.replaceKey("/CapHeight", number(font.capHeight));
   dictionary.replaceKey("/StemV", number(font.stemV));
-  dictionary.replaceKey(font.isBareCff ? "/FontFile3" : "/FontFile2", fontFileOf(pdf, font));
+  dictionary.replaceKey(fontFileKey(font), fontFileOf(pdf, font));
   return pdf.makeIndirectObject(dictionary);
 }
 
@@ -96,7 +108,50 @@ Object descendantOf(QPDF& pdf, const PdfFont& font) {
   return pdf.makeIndirectObject(dictionary);
 }
 
+/// The widths from the first code to the last, those between that are not used 0.
+Object widthsByCode(const PdfFont& font) {
+  Object array = Object::newArray();
+  int code = font.widths.front().first;
+  for (const auto& [used, width] : font.widths) {
+    for (; code < used; ++code) array.appendItem(number(0));
+    array.appendItem(number(width));
+    ++code;
+  }
+  return array;
+}
+
+/// What differs from the encoding of the font program: the first code of each row of neighbours,
+/// then their names.
+Object encodingOf(const PdfType1& type1) {
+  Object differences = Object::newArray();
+  int next = -1;
+  for (const auto& [code, glyph] : type1.names) {
+    if (code != next) differences.appendItem(Object::newInteger(code));
+    differences.appendItem(name(glyph));
+    next = code + 1;
+  }
+  Object dictionary = Object::newDictionary();
+  dictionary.replaceKey("/Type", name("Encoding"));
+  dictionary.replaceKey("/Differences", differences);
+  return dictionary;
+}
+
+Object type1FontOf(QPDF& pdf, const PdfFont& font) {
+  Object dictionary = Object::newDictionary();
+  dictionary.replaceKey("/Type", name("Font"));
+  dictionary.replaceKey("/Subtype", name("Type1"));
+  dictionary.replaceKey("/BaseFont", name(font.baseFont));
+  dictionary.replaceKey("/FirstChar", Object::newInteger(font.widths.front().first));
+  dictionary.replaceKey("/LastChar", Object::newInteger(font.widths.back().first));
+  dictionary.replaceKey("/Widths", widthsByCode(font));
+  dictionary.replaceKey("/FontDescriptor", descriptorOf(pdf, font));
+  dictionary.replaceKey("/Encoding", encodingOf(*font.type1));
+  dictionary.replaceKey("/ToUnicode", Object::newStream(&pdf, font.toUnicode));
+  return pdf.makeIndirectObject(dictionary);
+}
+
 Object fontOf(QPDF& pdf, const PdfFont& font) {
+  if (font.type1) return type1FontOf(pdf, font);
   Object descendants = Object::newArray();
   descendants.appendItem(descendantOf(pdf, font));
   Object dictionary = Object::newDictionary();

@@ -18,16 +18,23 @@ constexpr const char* kHead =
     "begincmap\n"
     "/CIDSystemInfo << /Registry (Adobe) /Ordering (UCS) /Supplement 0 >> def\n"
     "/CMapName /Adobe-Identity-UCS def\n"
-    "/CMapType 2 def\n"
-    "1 begincodespacerange\n"
-    "<0000> <FFFF>\n"
-    "endcodespacerange\n";
+    "/CMapType 2 def\n";
 
 constexpr const char* kTail =
     "endcmap\n"
     "CMapName currentdict /CMap defineresource pop\n"
     "end\n"
     "end\n";
+
+std::string codeHex(unsigned code, int codeBytes) {
+  return fmt::format("<{:0{}X}>", code, codeBytes * 2);
+}
+
+std::string codeSpace(int codeBytes) {
+  const unsigned last = codeBytes == 1 ? 0xFF : 0xFFFF;
+  return fmt::format("1 begincodespacerange\n{} {}\nendcodespacerange\n", codeHex(0, codeBytes),
+                     codeHex(last, codeBytes));
+}
 
 }  // namespace
 
@@ -39,12 +46,13 @@ std::string utf16Hex(const icu::UnicodeString& text) {
   return hex;
 }
 
-std::string toUnicodeMap(const std::map<unsigned short, icu::UnicodeString>& texts) {
+std::string toUnicodeMap(const std::map<unsigned short, icu::UnicodeString>& texts, int codeBytes) {
   std::vector<std::string> rows;
   for (const auto& [code, text] : texts) {
-    if (!text.isEmpty()) rows.push_back(fmt::format("<{:04X}> <{}>\n", code, utf16Hex(text)));
+    if (text.isEmpty()) continue;
+    rows.push_back(fmt::format("{} <{}>\n", codeHex(code, codeBytes), utf16Hex(text)));
   }
-  std::string map = kHead;
+  std::string map = kHead + codeSpace(codeBytes);
   for (std::size_t i = 0; i < rows.size(); i += kBlock) {
     const std::size_t count = std::min(kBlock, rows.size() - i);
     map += fmt::format("{} beginbfchar\n", count);

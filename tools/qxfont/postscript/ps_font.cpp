@@ -9,6 +9,8 @@
 #include "qxfont/cli/text.h"
 #include "qxfont/embed/cid_post_script.h"
 #include "qxfont/embed/form.h"
+#include "qxfont/embed/type1_names.h"
+#include "qxfont/embed/type1_page.h"
 #include "qxfont/postscript/ps_document.h"
 
 namespace qxfont {
@@ -26,9 +28,21 @@ double scaleOf(const QXFontService_NS::FS_FontInfo& font, const std::string& res
   return std::fabs(em - 1) < kRounding ? 1 : 1 / em;
 }
 
+PsFont type1Font(const QXFontService_NS::FS_FontInfo& font, const UsedGlyphs& used) {
+  const Type1Page page = type1Pages(font, used.gids()).front();
+  PsFont out;
+  out.name = definedName(page);
+  out.resource = asPostScript(page);
+  out.encoding = namesOnCodePage(font, used.texts);
+  if (!out.name.empty()) return out;
+  throw ToolError(Status::badFont, fmt::format("the font program of {} does not name its font",
+                                               utf8(font.getFontFileName().getLocalPath(true))));
+}
+
 }  // namespace
 
 PsFont psFont(const QXFontService_NS::FS_FontInfo& font, UsedGlyphs& used) {
+  if (used.codePage != UsedGlyphs::kNoCodePage) return type1Font(font, used);
   if (!formOf("cid-ps").serves(font)) {
     throw ToolError(Status::wrongCall,
                     fmt::format("{} has TrueType outlines, and PostScript takes those in CFF",
@@ -40,7 +54,7 @@ PsFont psFont(const QXFontService_NS::FS_FontInfo& font, UsedGlyphs& used) {
   for (std::size_t i = 0; i < resource.glyphs.size(); ++i)
     used.codes.emplace(resource.glyphs[i], static_cast<unsigned short>(i + 1));
   const double scale = scaleOf(font, resource.text);
-  return {std::move(resource.name), std::move(resource.text), scale};
+  return {std::move(resource.name), std::move(resource.text), scale, std::nullopt};
 }
 
 }  // namespace qxfont

@@ -27,20 +27,12 @@ class LineWriter {
 
  private:
   void add(const Glyph& glyph, double pen) {
-    const std::size_t font = indexOf(glyph.face);
-    const auto& codes = fonts_[font].codes;
-    const auto code = codes.find(glyph.gid);
-    if (code == codes.end()) return;  // it is blank
+    const std::size_t font = indexOf(fonts_, glyph);
+    if (fonts_[font].codes.count(glyph.gid) == 0) return;  // it is blank
     const double x = pen + glyph.dx;
     if (font != font_ || std::fabs(x - end_) > kSeen || glyph.dy != rise_) move(font, x, glyph.dy);
-    hex_ += fmt::format("{:04X}", code->second);
+    hex_ += fonts_[font].hexOf(glyph.gid);
     end_ = x + glyph.width;
-  }
-
-  [[nodiscard]] std::size_t indexOf(std::size_t face) const {
-    std::size_t index = 0;
-    while (index < fonts_.size() && fonts_[index].face != face) ++index;
-    return index;
   }
 
   void move(std::size_t font, double x, double rise) {

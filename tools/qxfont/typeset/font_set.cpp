@@ -17,6 +17,7 @@ bool isSameFace(const fs::FS_FontInfo& a, const fs::FS_FontInfo& b) {
 }
 
 void requireEmbeddable(const fs::FS_FontInfo& font) {
+  if (formOf("type1").serves(font)) return;
   const bool hasForm = formOf("sfnt").serves(font) || formOf("cff").serves(font);
   if (hasForm && font.canEmbedFont()) return;
   throw ToolError(Status::wrongCall, fmt::format("{} has no outlines: no text can be set in it",
@@ -45,6 +46,7 @@ unsigned short FontSet::glyphOf(std::size_t face, int codePoint, int selector) c
     const unsigned short glyph = font.variationSequence(codePoint, selector);
     if (glyph != fs::FS_NO_GLYPH && glyph != 0) return glyph;
   }
+  if (font.isType1Font()) return font.getType1CharCode(codePoint);
   const unsigned short glyph = font.getGlyphID(codePoint, false);
   return glyph == fs::FS_NO_GLYPH ? static_cast<unsigned short>(0) : glyph;
 }

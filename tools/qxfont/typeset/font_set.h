@@ -23,7 +23,8 @@ class FontSet {
   [[nodiscard]] const fs::FS_FontInfo& font(std::size_t face) const { return *faces_[face]; }
   [[nodiscard]] std::size_t size() const { return faces_.size(); }
 
-  /// The glyph of a character in one face; a variation selector behind it, or 0. 0 for none.
+  /// The glyph of a character in one face, in a Type 1 face its page and code; a variation selector
+  /// behind it, or 0. 0 for none.
   [[nodiscard]] unsigned short glyphOf(std::size_t face, int codePoint, int selector) const;
 
   /// The first face that has a character: `first`, then the lenders; `kNoFace` when none has it.

@@ -7,6 +7,7 @@
 
 #include "qxfont/shape/layout_shaper.h"
 #include "qxfont/shape/script_tags.h"
+#include "qxfont/typeset/type1_shaper.h"
 
 namespace qxfont {
 namespace {
@@ -57,6 +58,7 @@ bool isInvisible(int codePoint) {
 void Shaper::shape(const icu::UnicodeString& text, const Run& run,
                    std::vector<Glyph>& glyphs) const {
   const fs::FS_FontInfo& font = fonts_.font(run.face);
+  if (font.isType1Font()) return shapeType1(font, text, run, glyphs);
   ShapeRequest request;
   request.script = scriptTagOf(font, run.script);
   request.rightToLeft = run.rightToLeft;

@@ -23,7 +23,7 @@ struct Run {
 /// A glyph on its line; lengths in em.
 struct Glyph {
   std::size_t face = 0;
-  unsigned short gid = 0;
+  unsigned short gid = 0;   ///< in a Type 1 face its page and code, page << 8 | code
   double width = 0;         ///< as the font has it
   double advance = 0;       ///< with kerning
   double dx = 0;            ///< of its origin from the pen
@@ -32,7 +32,8 @@ struct Glyph {
   icu::UnicodeString text;  ///< those characters; none where the glyph before stands for them too
 };
 
-/// Turns runs of text into glyphs by OpenType layout, with the features that all text wants.
+/// Turns runs of text into glyphs by OpenType layout, with the features that all text wants; in
+/// Type 1 faces character by character.
 class Shaper {
  public:
   explicit Shaper(const FontSet& fonts) : fonts_(fonts) {}
