@@ -12,8 +12,9 @@ namespace QXFontService_NS::layout {
 class LookupPass {
  public:
   /// @param alternate which alternate a type 3 lookup takes, from 1
+  /// @param meter what the pass may spend; mostly `WorkMeter::forPass`
   LookupPass(const FS_LayoutTables& font, const TTI_LookupList& lookups, int alternate,
-             PassArrays& arrays);
+             PassArrays& arrays, const WorkMeter& meter);
 
   /// Runs a lookup of the list; one of a type outside 1 to 6 and 8 does nothing.
   ///
@@ -33,6 +34,7 @@ class LookupPass {
                        const std::vector<GlyphIDClassPair>& made);
   void replaceBesideSkipped(int i, int end, const std::vector<GlyphIDClassPair>& made);
   int replaceAll(int i, int end, const std::vector<GlyphIDClassPair>& made);
+  void mergeIntoHolder(int i, int end);
   bool reverseEach(const TTI_Lookup& lookup);
   [[nodiscard]] bool mayBegin(const TTI_Lookup& lookup, int i) const;
   [[nodiscard]] bool hasGrownTooLong() const;
@@ -42,7 +44,6 @@ class LookupPass {
   PassArrays& arrays_;
   WorkMeter meter_;
   ContextRun contexts_;
-  std::int64_t mostGlyphs_;
   std::vector<int> skipped_;
 };
 

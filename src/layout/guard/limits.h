@@ -19,6 +19,9 @@ inline constexpr std::int64_t kNestedRunsPerGlyph = 4'096;
 inline constexpr std::int64_t kMostComparisons = std::int64_t{1} << 28;
 inline constexpr std::int64_t kComparisonsPerGlyph = 4'096;
 
+/// Subtables that are asked for the vertical form of a glyph: as many as one lookup may have.
+inline constexpr std::int64_t kMostVerticalSubTables = 65'535;
+
 /// How deep lookups may nest, if the sequence is no longer than this: rules that advance by one
 /// glyph a level are sound, so a longer sequence allows its own length.
 inline constexpr std::size_t kMostNestingLevels = 1'024;
