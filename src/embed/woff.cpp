@@ -31,7 +31,6 @@ constexpr std::uint64_t kHeaderSize = 44;
 constexpr std::uint64_t kEntrySize = 20;
 constexpr std::uint64_t kOffsetTableSize = FS_TableDirectoryImage::kOffsetTableSize;
 constexpr std::uint64_t kRecordSize = FS_TableDirectoryImage::kRecordSize;
-constexpr std::size_t kBlockSize = 8192;
 constexpr std::size_t kPiece = std::size_t{16} << 10;
 constexpr std::uint64_t kAlignment = 4;
 
