@@ -34,7 +34,11 @@ class LookupPass {
   void replaceBesideSkipped(int i, int end, const std::vector<GlyphIDClassPair>& made);
   int replaceAll(int i, int end, const std::vector<GlyphIDClassPair>& made);
   bool reverseEach(const TTI_Lookup& lookup);
-  [[nodiscard]] bool mayBegin(const TTI_Lookup& lookup, int i) const;
+  /// Whether a lookup is to be asked at a place. The mask is read in any case: a place it does not
+  /// have ends the pass.
+  [[nodiscard]] bool mayBegin(const TTI_Lookup& lookup, int i) const {
+    return arrays_.isFree(i) && lookup.starts.contains(arrays_.glyph(i).glyphID);
+  }
   [[nodiscard]] bool hasGrownTooLong() const;
 
   const FS_LayoutTables& font_;
