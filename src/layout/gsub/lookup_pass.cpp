@@ -38,12 +38,6 @@ bool LookupPass::run(const TTI_Lookup& lookup) {
   }
 }
 
-/// Whether a lookup is to be asked at a place. The mask is read in any case: a place it does not
-/// have ends the pass.
-bool LookupPass::mayBegin(const TTI_Lookup& lookup, int i) const {
-  return arrays_.isFree(i) && lookup.starts.contains(arrays_.glyph(i).glyphID);
-}
-
 bool LookupPass::hasGrownTooLong() const {
   return !meter_.mayGrowTo(arrays_.size());
 }

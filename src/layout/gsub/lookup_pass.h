@@ -36,7 +36,11 @@ class LookupPass {
   int replaceAll(int i, int end, const std::vector<GlyphIDClassPair>& made);
   void mergeIntoHolder(int i, int end);
   bool reverseEach(const TTI_Lookup& lookup);
-  [[nodiscard]] bool mayBegin(const TTI_Lookup& lookup, int i) const;
+  /// Whether a lookup is to be asked at a place. The mask is read in any case: a place it does not
+  /// have ends the pass.
+  [[nodiscard]] bool mayBegin(const TTI_Lookup& lookup, int i) const {
+    return arrays_.isFree(i) && lookup.starts.contains(arrays_.glyph(i).glyphID);
+  }
   [[nodiscard]] bool hasGrownTooLong() const;
 
   const FS_LayoutTables& font_;

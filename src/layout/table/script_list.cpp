@@ -14,8 +14,8 @@ FS_LayoutTables::TTI_LangSys::Features FS_LayoutTables::TTI_LangSys::featuresOf(
   const auto first =
       std::lower_bound(featuresByTag.begin(), featuresByTag.end(), tag,
                        [](const auto& entry, unsigned t) { return entry.first < t; });
-  const auto last = std::upper_bound(first, featuresByTag.end(), tag,
-                                     [](unsigned t, const auto& entry) { return t < entry.first; });
+  const auto last = std::find_if(first, featuresByTag.end(),
+                                 [tag](const auto& entry) { return entry.first != tag; });
   return {first, last};
 }
 
