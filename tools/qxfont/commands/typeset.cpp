@@ -26,6 +26,7 @@
 #include "qxfont/pdf/page_content.h"
 #include "qxfont/pdf/pdf_document.h"
 #include "qxfont/postscript/ps_document.h"
+#include "qxfont/svg/svg_document.h"
 #include "qxfont/typeset/page.h"
 #include "qxfont/typeset/page_size.h"
 #include "qxfont/typeset/shaper.h"
@@ -57,16 +58,18 @@ struct Request {
   std::string date;
 };
 
-enum class Kind { pdf, postScript, html };
+enum class Kind { pdf, postScript, html, svg };
 
 Kind kindOf(const std::string& out) {
   const std::string extension = std::filesystem::path(out).extension();
   if (extension == ".pdf") return Kind::pdf;
   if (extension == ".ps") return Kind::postScript;
   if (extension == ".html") return Kind::html;
+  if (extension == ".svg") return Kind::svg;
   throw ToolError(
       Status::wrongCall,
-      "typeset writes PDF, PostScript and HTML, and this is no .pdf, .ps or .html: " + out);
+      "typeset writes PDF, PostScript, HTML and SVG, and this is no .pdf, .ps, .html or .svg: " +
+          out);
 }
 
 Request readRequest(const TypesetOptions& options) {
@@ -175,6 +178,22 @@ Output writeHtml(const Request& request, const std::vector<Page>& pages,
   return out;
 }
 
+Output writeSvg(const Request& request, const std::vector<Page>& pages,
+                std::vector<UsedGlyphs>& used, const FontSet& fonts) {
+  SvgDocument document;
+  Output out;
+  document.title = request.title;
+  document.page = request.page;
+  for (const UsedGlyphs& one : used) {
+    document.fonts.push_back(svgFont(fonts.font(one.face), one, document.fonts.size()));
+    out.fonts.push_back({"outlines", document.fonts.back().definitions.size()});
+  }
+  for (const Page& page : pages)
+    document.pages.push_back(svgPage(page, request.page, used, document.fonts));
+  out.bytes = svgBytes(document);
+  return out;
+}
+
 using Writer = Output (*)(const Request&, const std::vector<Page>&, std::vector<UsedGlyphs>&,
                           const FontSet&);
 
@@ -184,6 +203,8 @@ Writer writerOf(Kind kind) {
       return writeHtml;
     case Kind::postScript:
       return writePostScript;
+    case Kind::svg:
+      return writeSvg;
     default:
       return writePdf;
   }
@@ -279,7 +300,8 @@ void typeset(const TypesetOptions& options) {
 
 void addTypesetCommand(CLI::App& app, Chosen& chosen) {
   auto options = std::make_shared<TypesetOptions>();
-  CLI::App* command = app.add_subcommand("typeset", "Sets a UTF-8 text as PDF, PostScript or HTML");
+  CLI::App* command =
+      app.add_subcommand("typeset", "Sets a UTF-8 text as PDF, PostScript, HTML or SVG");
   command
       ->add_option("FILE", options->file, "the text; a line \"#font STYLE [SIZE]\" changes fonts")
       ->required();
@@ -291,7 +313,7 @@ void addTypesetCommand(CLI::App& app, Chosen& chosen) {
       ->required();
   command->add_option("--size", options->size, "points (12)");
   command->add_option("--page", options->page, "one of " + pageSizeNames());
-  command->add_option("-o,--output", options->out, "the .pdf, .ps or .html file to write")
+  command->add_option("-o,--output", options->out, "the .pdf, .ps, .html or .svg file to write")
       ->type_name("FILE")
       ->required();
   command->add_flag("--allow-restricted", options->allowRestricted,
