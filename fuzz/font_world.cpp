@@ -58,6 +58,14 @@ void write(const Writer& writer) {
 
 }  // namespace
 
+void putFile(const std::string& extension, const std::string& bytes) {
+  world().file("/input" + extension, bytes);
+}
+
+void removeFile(const std::string& extension) {
+  world().remove("/input" + extension);
+}
+
 void withFont(const std::string& bytes, const std::string& extension,
               const std::function<void(const FS_FontInfo&)>& use) {
   const std::string path = "/input" + extension;

@@ -16,6 +16,9 @@ void withFont(const std::string& bytes, const std::string& extension,
 /// the document's name for it finds; nothing where the file is refused.
 void withDocumentFont(const std::string& bytes, const std::string& extension,
                       const std::function<void(const QXFontService_NS::FS_FontInfo&)>& use);
+/// Puts another file beside that of `withFont`, or takes it away.
+void putFile(const std::string& extension, const std::string& bytes);
+void removeFile(const std::string& extension);
 
 // Each asks a font what a host asks of it, and drops the answers.
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "qxfontservice/error_codes.h"
 
 #include "qxfont/cli/temporary_folder.h"
@@ -58,6 +60,19 @@ TEST_F(AdviceTest, tellsWhichHalfOfAType1FontIsMissing) {
   EXPECT_NE(advice[1].find("put its .pfb or .pfa beside it"), std::string::npos);
   EXPECT_NE(advice[2].find("put its .afm or .pfm beside it"), std::string::npos);
   EXPECT_NE(advice[3].find("put its .afm or .pfm beside it"), std::string::npos);
+}
+
+TEST_F(AdviceTest, tellsThatTheLettersOfTheExtensionsDiffer) {
+  const TemporaryFolder folder;
+  for (const char* name : {"/a.afm", "/a.PFB", "/B.AFM", "/B.pfa"})
+    std::ofstream(folder.path() + name).put('x');
+  const std::string small = folder.path() + "/a.afm";
+  const std::string large = folder.path() + "/B.AFM";
+  findings.unpaired = {small, folder.path() + "/a.PFB", large};
+  const std::vector<std::string> advice = adviceFor(findings);
+  ASSERT_EQ(advice.size(), 2u) << "one for both halves";
+  EXPECT_EQ(advice[0], small + " has metrics without outlines: call a.PFB a.pfb");
+  EXPECT_EQ(advice[1], large + " has metrics without outlines: call B.pfa B.PFA");
 }
 
 TEST_F(AdviceTest, aConfigurationOfTheToolsOwnIsNotNamed) {

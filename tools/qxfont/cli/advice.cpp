@@ -49,11 +49,48 @@ std::string errorAdvice(const FoundError& error) {
                      error.file);
 }
 
+std::string lowerExtension(const std::filesystem::path& path) {
+  icu::UnicodeString extension = unicode(path.extension().string());
+  return utf8(extension.toLower(icu::Locale::getRoot()));
+}
+
+bool isMetrics(const std::filesystem::path& path) {
+  const std::string extension = lowerExtension(path);
+  return extension == ".afm" || extension == ".pfm";
+}
+
+bool isProgram(const std::filesystem::path& path) {
+  const std::string extension = lowerExtension(path);
+  return extension == ".pfb" || extension == ".pfa";
+}
+
+/// A file of the same name beside it that would be its partner; empty for none.
+std::filesystem::path besideOf(const std::filesystem::path& path) {
+  const auto wanted = isMetrics(path) ? isProgram : isMetrics;
+  std::error_code failed;
+  for (const auto& entry : std::filesystem::directory_iterator(path.parent_path(), failed))
+    if (entry.path().stem() == path.stem() && wanted(entry.path())) return entry.path();
+  return {};
+}
+
+/// Metrics look for a program whose extension is in the letters of their own.
+std::string otherCaseAdvice(const std::filesystem::path& metrics,
+                            const std::filesystem::path& program) {
+  const std::string extension = metrics.extension().string();
+  std::filesystem::path renamed = program.filename();
+  icu::UnicodeString letters = unicode(program.extension().string());
+  const bool isUpper = extension.size() > 1 && extension[1] >= 'A' && extension[1] <= 'Z';
+  renamed.replace_extension(utf8(isUpper ? letters.toUpper(icu::Locale::getRoot())
+                                         : letters.toLower(icu::Locale::getRoot())));
+  return fmt::format("{} has metrics without outlines: call {} {}", metrics.string(),
+                     program.filename().string(), renamed.string());
+}
+
 std::string unpairedAdvice(const std::string& path) {
-  icu::UnicodeString extension = unicode(std::filesystem::path(path).extension().string());
-  extension.toLower(icu::Locale::getRoot());
-  const bool metrics = extension == u".afm" || extension == u".pfm";
-  return metrics
+  const std::filesystem::path beside = besideOf(path);
+  if (!beside.empty())
+    return isMetrics(path) ? otherCaseAdvice(path, beside) : otherCaseAdvice(beside, path);
+  return isMetrics(path)
              ? fmt::format("{} has metrics without outlines: put its .pfb or .pfa beside it", path)
              : fmt::format("{} is not found without metrics: put its .afm or .pfm beside it", path);
 }
