@@ -6,6 +6,7 @@
 #include "qxcommon/mem_stream.h"
 #include "qxfontservice/ext/inspect.h"
 #include "qxfontservice/ext/open_file.h"
+#include "qxfontservice/extra_font_manager.h"
 #include "qxfontservice/font_service.h"
 
 #include "support/memory_platform.h"
@@ -76,6 +77,20 @@ void withFont(const std::string& bytes, const std::string& extension,
     use(font);
     font.deleteFont();
   }
+}
+
+void withDocumentFont(const std::string& bytes, const std::string& extension,
+                      const std::function<void(const FS_FontInfo&)>& use) {
+  const icu::UnicodeString path = icu::UnicodeString::fromUTF8("/document" + extension);
+  world().file("/document" + extension, bytes);
+  fs::FS_ExtraFontManager manager;
+  fs::QXError error;
+  const int number = manager.appendExtraFont(path, fs::FS_FILETYPE_UNKNOWN, u"Own", 700, 1, &error);
+  // Under a second name it is searched by its own names too.
+  manager.appendExtraFont(path, fs::FS_FILETYPE_UNKNOWN, u"Again", 0, -1, &error);
+  manager.getExtraFontFaceName(number, nullptr, nullptr, nullptr, nullptr);
+  FS_FontInfo font;
+  if (font.createFont(u"Again", 400, false, 5, manager.getExtraFonts())) use(font);
 }
 
 void askNames(const FS_FontInfo& font) {

@@ -12,6 +12,10 @@ namespace qxfuzz {
 void withFont(const std::string& bytes, const std::string& extension,
               const std::function<void(const QXFontService_NS::FS_FontInfo&)>& use);
 
+/// Adds a font file that stands in memory alone to a document's own, and hands over the face that
+/// the document's name for it finds; nothing where the file is refused.
+void withDocumentFont(const std::string& bytes, const std::string& extension,
+                      const std::function<void(const QXFontService_NS::FS_FontInfo&)>& use);
 /// Puts another file beside that of `withFont`, or takes it away.
 void putFile(const std::string& extension, const std::string& bytes);
 void removeFile(const std::string& extension);

@@ -20,13 +20,15 @@ extern const Target kPfm;
 extern const Target kProgram;
 extern const Target kSfnt;
 extern const Target kType1Charstrings;
+extern const Target kWebFont;
+extern const Target kWoff;
 extern const Target kXml;
 
 const std::vector<Target>& targets() {
   static const std::vector<Target> all = {
-      kAfm,     kCff,  kCharstrings,      kCmap, kCollections, kConfig, kEexec,
-      kGdef,    kGlyf, kGlyphList,        kGpos, kGsub,        kNames,  kPfm,
-      kProgram, kSfnt, kType1Charstrings, kXml};
+      kAfm,     kCff,  kCharstrings,      kCmap,    kCollections, kConfig, kEexec,
+      kGdef,    kGlyf, kGlyphList,        kGpos,    kGsub,        kNames,  kPfm,
+      kProgram, kSfnt, kType1Charstrings, kWebFont, kWoff,        kXml};
   return all;
 }
 

@@ -23,10 +23,6 @@ std::vector<int> lookupsOf(const Tags& wanted, TagOf tagOf) {
   return lookups;
 }
 
-int joiningOf(char16_t unit) {
-  return u_getIntPropertyValue(unit, UCHAR_JOINING_TYPE);
-}
-
 bool joinsOn(int type) {
   return type == U_JT_DUAL_JOINING || type == U_JT_LEFT_JOINING || type == U_JT_JOIN_CAUSING;
 }
@@ -36,10 +32,10 @@ bool joinsBack(int type) {
 }
 
 /// The form of a letter among its neighbours; the sample text has no marks between letters.
-Form formAt(const icu::UnicodeString& text, int at) {
-  const int type = joiningOf(text[at]);
-  const bool before = at > 0 && joinsOn(joiningOf(text[at - 1])) && joinsBack(type);
-  const bool behind = at + 1 < text.length() && joinsBack(joiningOf(text[at + 1])) && joinsOn(type);
+Form formAt(const std::vector<int>& joining, std::size_t at) {
+  const int type = joining[at];
+  const bool before = at > 0 && joinsOn(joining[at - 1]) && joinsBack(type);
+  const bool behind = at + 1 < joining.size() && joinsBack(joining[at + 1]) && joinsOn(type);
   if (before) return behind ? kMedi : kFina;
   return behind ? kInit : kIsol;
 }
@@ -66,10 +62,13 @@ void LayoutHost::readGlyphs(const icu::UnicodeString& text) {
 }
 
 void LayoutHost::chooseForms(const icu::UnicodeString& text) {
+  joining_.clear();
+  for (int i = 0; i < text.length(); ++i)
+    joining_.push_back(u_getIntPropertyValue(text[i], UCHAR_JOINING_TYPE));
   GlyphIDArray output;
   GlyphIDArray matched;
   for (int i = 0; i < text.length(); ++i) {
-    const Form form = formAt(text, i);
+    const Form form = formAt(joining_, static_cast<std::size_t>(i));
     if (form >= wish_.forms.size() || wish_.forms[form] == 0) continue;
     int end = i;
     output.clear();
@@ -82,8 +81,8 @@ void LayoutHost::chooseForms(const icu::UnicodeString& text) {
 void LayoutHost::substitute() {
   for (const int lookup : substitutions_) {
     if (!FS_FontInfo::processGSUB3(info_.get(), lookup, glyphs_, result_, 1)) continue;
-    glyphs_.clear();
-    for (const GlyphIDClassPair& pair : result_) glyphs_.push_back(pair);
+    // The glyphs alone: words that come in say which places a pass leaves alone.
+    static_cast<GlyphIDArray&>(glyphs_) = result_;
   }
 }
 

@@ -49,6 +49,7 @@ class LayoutHost {
   std::vector<int> substitutions_;  ///< the lookups of the features, in order
   std::vector<int> positionings_;
   std::vector<unsigned short> ids_;
+  std::vector<int> joining_;  ///< types of the letters
   QXFontService_NS::GlyphIDArray2 glyphs_;
   QXFontService_NS::GlyphIDArray2 result_;
   std::vector<QXFontService_NS::GlyphIDPosition> positions_;

@@ -16,6 +16,7 @@
 namespace qxbench {
 namespace {
 
+using QXFontService_NS::FS_FontInfo;
 using Glyphs = std::vector<unsigned short>;
 
 struct CloseProgram {
@@ -33,8 +34,12 @@ double timeOfFontTools(const std::string& font, const std::string& ids) {
   return seconds;
 }
 
-void compare(Bench& bench, const std::string& file, std::size_t wanted) {
-  const std::string name = "file to memory, glyf, " + std::to_string(wanted) + " ids of " + file;
+using Subset = bool (FS_FontInfo::*)(const Glyphs& glyphs, QXCommonNS::QXMemStream& out) const;
+
+void compare(Bench& bench, const std::string& outlines, Subset subset, const std::string& file,
+             std::size_t wanted) {
+  const std::string name =
+      "file to memory, " + outlines + ", " + std::to_string(wanted) + " ids of " + file;
   const OpenedFont font(bench.fonts(), file);
   if (!font) {
     bench.leaveOut(name, "the font is not here");
@@ -54,18 +59,26 @@ void compare(Bench& bench, const std::string& file, std::size_t wanted) {
   if (!bench.brief()) theirs = std::min(theirs, timeOfFontTools(font.path(), ids));
   const auto embed = [&] {
     QXCommonNS::QXMemStream out(nullptr, 8192, false, true);
-    keep(font.info().getEmbedFont(glyphs, out) ? 1U : 0U);
+    keep((font.info().*subset)(glyphs, out) ? 1U : 0U);
   };
   const double ours = alternate(bench.settings(), {{embed, {}}}).front();
   bench.add({name, "fontTools", "ns a subset", Goal::atLeast, 100, 300, ours * 1e9, theirs * 1e9});
 }
 
-void run(Bench& bench) {
-  compare(bench, "DejaVuSans.ttf", 100);
-  compare(bench, "ipam.ttf", 3000);
+void runGlyf(Bench& bench) {
+  constexpr Subset kEmbed = &FS_FontInfo::getEmbedFont;
+  compare(bench, "glyf", kEmbed, "DejaVuSans.ttf", 100);
+  compare(bench, "glyf", kEmbed, "ipam.ttf", 3000);
 }
 
-const Row kRow{"18", "subset, fontTools, glyf", run};
+void runCff(Bench& bench) {
+  constexpr Subset kSubset = &FS_FontInfo::makeSubsetFont;
+  compare(bench, "CFF", kSubset, "EBGaramond12-Regular.otf", 100);
+  if (!bench.brief()) compare(bench, "CFF", kSubset, "NotoSansCJKjp-Regular.otf", 3000);
+}
+
+const Row kGlyfRow{"18", "subset, fontTools, glyf", runGlyf};
+const Row kCffRow{"18", "subset, fontTools, CFF", runCff};
 
 }  // namespace
 }  // namespace qxbench

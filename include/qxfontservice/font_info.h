@@ -238,7 +238,8 @@ class QX_EXPORT FS_FontInfo {
   // --- OpenType layout. The static members take no lock and change only their outputs ---
 
   /// Opens substitution and positioning for a script and a language, given as tags; release it with
-  /// `deleteGSUBGPOSInfo`, before the font goes. Null when the font has neither.
+  /// `deleteGSUBGPOSInfo`, before the font goes. Null for an empty handle and a font that is not
+  /// sfnt; a font without the tables, the script or the language gives an info that has neither.
   FS_GSUBGPOSInfo* getGSUBGPOSInfo(unsigned int scriptTag, unsigned int languageTag) const;
   static void deleteGSUBGPOSInfo(FS_GSUBGPOSInfo* info);
   static bool hasGSUBInfo(const FS_GSUBGPOSInfo* info);

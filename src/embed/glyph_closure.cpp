@@ -2,34 +2,16 @@
 
 #include <algorithm>
 
-#include "common/bytes/byte_reader.h"
+#include "embed/composite_glyph.h"
 
 namespace QXFontService_NS::embed {
 namespace {
 
-using QXCommonNS::bytes::ByteReader;
-
 constexpr std::uint16_t kNoGlyph = 0xFFFF;
-constexpr std::uint32_t kHeaderSize = 10;  // numberOfContours and the bounding box
-
-// Flags of a component.
-constexpr unsigned kArgumentsAreWords = 0x0001;
-constexpr unsigned kHasScale = 0x0008;
-constexpr unsigned kMoreComponents = 0x0020;
-constexpr unsigned kHasTwoScales = 0x0040;
-constexpr unsigned kHasMatrix = 0x0080;
-
-std::uint32_t argumentsSize(unsigned flags) {
-  const std::uint32_t size = (flags & kArgumentsAreWords) != 0 ? 4 : 2;
-  if ((flags & kHasScale) != 0) return size + 2;
-  if ((flags & kHasTwoScales) != 0) return size + 4;
-  if ((flags & kHasMatrix) != 0) return size + 8;
-  return size;
-}
 
 bool isComposite(const KeptGlyph& glyph) {
   // A shorter one has no room for a component, and is not looked at.
-  return glyph.length > kHeaderSize && glyph.bytes.i16(0) < 0;
+  return glyph.length > kGlyphHeaderSize && glyph.bytes.i16(0) < 0;
 }
 
 }  // namespace
@@ -71,16 +53,9 @@ GlyphClosure::Ids GlyphClosure::components(std::size_t firstGlyph) {
   return round;
 }
 
-// A component that says it is longer than the glyph ends the walk; its own id counts.
 void GlyphClosure::addComponents(const KeptGlyph& glyph, Ids& round) {
-  ByteReader reader(glyph.bytes, kHeaderSize);
-  while (reader.left() >= 4) {
-    const unsigned flags = reader.u16();
-    add(reader.u16(), round);
-    if ((flags & kMoreComponents) == 0) return;
-    reader.skip(argumentsSize(flags));
-    if (reader.failed()) return;
-  }
+  const auto components = glyph.bytes.slice(kGlyphHeaderSize, glyph.bytes.size());
+  forEachComponent(components, [&](std::uint16_t id) { add(id, round); });
 }
 
 }  // namespace QXFontService_NS::embed

@@ -1,14 +1,19 @@
 #include "embed/woff.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <deque>
+#include <ostream>
+#include <span>
+#include <streambuf>
+#include <string>
 #include <vector>
-
-#include "qxcommon/util.h"
 
 #include "common/bytes/byte_view.h"
 #include "common/bytes/byte_writer.h"
 #include "common/bytes/stream_read.h"
+#include "common/zlib/deflate.h"
 #include "embed/stream_copy.h"
 #include "embed/table_directory_image.h"
 
@@ -18,7 +23,6 @@ namespace {
 using QXCommonNS::QXMemStream;
 using QXCommonNS::bytes::ByteView;
 using QXCommonNS::bytes::ByteWriter;
-using QXCommonNS::bytes::readBlock;
 using QXCommonNS::bytes::readUpTo;
 using Record = FS_TableDirectoryImage::Record;
 
@@ -27,7 +31,7 @@ constexpr std::uint64_t kHeaderSize = 44;
 constexpr std::uint64_t kEntrySize = 20;
 constexpr std::uint64_t kOffsetTableSize = FS_TableDirectoryImage::kOffsetTableSize;
 constexpr std::uint64_t kRecordSize = FS_TableDirectoryImage::kRecordSize;
-constexpr std::size_t kBlockSize = 8192;
+constexpr std::size_t kPiece = std::size_t{16} << 10;
 constexpr std::uint64_t kAlignment = 4;
 
 std::uint64_t roundUp(std::uint64_t size) {
@@ -39,6 +43,28 @@ void writeAt(QXMemStream& out, std::uint64_t position, ByteView bytes) {
   out.seekp(static_cast<std::streamoff>(position));
   out.write(static_cast<const char*>(data), static_cast<std::streamsize>(bytes.size()));
 }
+
+/// Takes a deflated table in the pieces in which it comes, and lets each go as it is handed on, so
+/// that it is not held twice.
+class DeflatedTable : public std::streambuf {
+ public:
+  [[nodiscard]] std::uint64_t length() const { return length_; }
+  void moveTo(QXMemStream& out) {
+    for (; !pieces_.empty(); pieces_.pop_front())
+      out.getMemStreamBuf()->append(pieces_.front().data(), pieces_.front().size());
+  }
+
+ protected:
+  std::streamsize xsputn(const char* data, std::streamsize count) override {
+    pieces_.emplace_back(data, static_cast<std::size_t>(count));
+    length_ += pieces_.back().size();
+    return count;
+  }
+
+ private:
+  std::deque<std::string> pieces_;
+  std::uint64_t length_ = 0;
+};
 
 class WoffWriter {
  public:
@@ -55,15 +81,15 @@ class WoffWriter {
  private:
   void readOffsetTable();
   void writeTable(unsigned index);
-  void readTable(const Record& record);
-  std::uint64_t writeContent(std::uint64_t length);
+  std::uint64_t writeContent(const Record& record);
+  void deflate(const Record& record, DeflatedTable& deflated);
   void writeEntry(unsigned index, const Record& record, std::uint64_t offset, std::uint64_t length);
   void writeHeader();
 
   QXMemStream& out_;
   QXMemStream& sfnt_;
   const bool conforming_;
-  std::vector<std::byte> table_;  // that is being written
+  std::vector<std::byte> piece_ = std::vector<std::byte>(kPiece);  // of the table being packed
   FS_TableDirectoryImage::OffsetTable offsetTable_{};
   unsigned numTables_ = 0;
   std::uint64_t paddedSize_ = 0;  // of the sfnt, as the format counts it
@@ -79,28 +105,35 @@ void WoffWriter::writeTable(unsigned index) {
   Record record;
   readUpTo(sfnt_, static_cast<std::int64_t>(kOffsetTableSize + kRecordSize * index), record.bytes);
   const std::uint64_t offset = out_.length();
-  readTable(record);
-  writeEntry(index, record, offset, writeContent(record.length()));
+  writeEntry(index, record, offset, writeContent(record));
   if (conforming_) padToLong(out_);
   paddedSize_ += roundUp(record.length());
 }
 
-/// The table as far as the stream holds it: a damaged record may state any length.
-void WoffWriter::readTable(const Record& record) {
-  table_ = readBlock(sfnt_, record.offset(), record.length());
+/// What does not become shorter goes out as it is; of the deflating itself nothing is tested.
+/// @return the stored length.
+std::uint64_t WoffWriter::writeContent(const Record& record) {
+  DeflatedTable deflated;
+  deflate(record, deflated);
+  if (deflated.length() >= record.length())
+    return copyRange(sfnt_, record.offset(), record.length(), out_);
+  deflated.moveTo(out_);
+  return deflated.length();
 }
 
-/// What does not become shorter goes out as it is; of the deflating itself nothing is tested.
-/// @param length of the table as its record states it.
-/// @return the stored length.
-std::uint64_t WoffWriter::writeContent(std::uint64_t length) {
-  QXMemStream deflated(nullptr, kBlockSize, false, true);
-  const void* data = table_.data();
-  QXCommonNS::QXUtil::deflate(deflated, static_cast<const unsigned char*>(data),
-                              static_cast<unsigned>(table_.size()));
-  if (deflated.length() < length) return copyRange(deflated, 0, deflated.length(), out_);
-  appendBytes(out_, ByteView(table_));
-  return table_.size();
+/// The table piece by piece, so that no copy of it is held; as far as the stream holds it: a
+/// damaged record may state any length.
+void WoffWriter::deflate(const Record& record, DeflatedTable& deflated) {
+  std::ostream out(&deflated);
+  QXCommonNS::zlib::Deflater deflater(out);
+  const std::uint64_t end = record.offset() + std::uint64_t{record.length()};
+  for (std::uint64_t at = record.offset(); at < end;) {
+    const std::span<std::byte> wanted(piece_.data(), std::min<std::uint64_t>(kPiece, end - at));
+    const std::size_t came = readUpTo(sfnt_, static_cast<std::int64_t>(at), wanted);
+    deflater.write(ByteView(wanted.first(came)));
+    at = came < wanted.size() ? end : at + came;
+  }
+  static_cast<void>(deflater.finish());
 }
 
 void WoffWriter::writeEntry(unsigned index, const Record& record, std::uint64_t offset,

@@ -108,7 +108,7 @@ bool FS_ExtraFont::getEmbedFontWithCmap(const GlyphIDs& gids, QXMemStream& out, 
   });
 }
 
-/// `out` may go on reading from the stream, so it gets the one that lives as long as the font.
+/// `out` may go on reading from the stream, so it is the one that lives as long as the font.
 bool FS_ExtraFont::getEmbedFontStream(QXMemStream& out, int entry, std::istream* source) {
   if (source == nullptr) source = getMemStream();
   return inner() != nullptr && inner()->getEmbedFontStream(out, entry, source);

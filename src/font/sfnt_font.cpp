@@ -24,7 +24,7 @@ using Info = FS_TrueTypeInfo;
 
 }  // namespace
 
-const FS_TrueTypeInfo* SfntFont::recordOf(FS_BaseFont& font, int entry) {
+FS_TrueTypeInfo* SfntFont::recordOf(FS_BaseFont& font, int entry) {
   const auto* sfnt = dynamic_cast<const SfntFont*>(font.getExtraBaseFont());
   return sfnt != nullptr ? sfnt->record(entry) : nullptr;
 }

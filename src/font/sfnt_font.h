@@ -120,7 +120,7 @@ class SfntFont : public FS_BaseFont {
 
   /// The record of the face of a font over sfnt data, also where `getTrueTypeInfo` tells none: of a
   /// suitcase's member, and of the font inside a web font. Null for other fonts and faces.
-  static const FS_TrueTypeInfo* recordOf(FS_BaseFont& font, int entry);
+  static FS_TrueTypeInfo* recordOf(FS_BaseFont& font, int entry);
 
  protected:
   /// The record of an entry, or null.

@@ -2,6 +2,7 @@
 
 #include "qxcommon/lock.h"
 
+#include "embed/true_type_subset.h"
 #include "font/contract/file_type_rule.h"
 #include "font/contract/font_error.h"
 #include "font/contract/font_services.h"
@@ -66,6 +67,14 @@ bool FS_WOFF::loadFontTables(QXError* error, int entry, std::istream*) {
 
 embed::FontStream FS_WOFF::ownStream() {
   return sfnt_ != nullptr ? embed::FontStream(UnpackedSfnt::cursor(sfnt_)) : embed::FontStream();
+}
+
+bool FS_WOFF::getEmbedFontStream(QXMemStream& out, int entry, std::istream* source) {
+  const bool takesTheStream =
+      inner() != nullptr && inner()->getFontFileType(entry) == FS_FILETYPE_TRUETYPE;
+  if (source != nullptr || sfnt_ == nullptr || !takesTheStream)
+    return FS_ExtraFont::getEmbedFontStream(out, entry, source);
+  return embed::handOverStream(ownStream(), out);
 }
 
 bool FS_WOFF::makeWebFont(const GlyphIDs& gids, QXMemStream& out, int entry, std::istream* source) {

@@ -27,19 +27,24 @@ class FS_WOFF final : public FS_ExtraFont {
   bool readFont(QXError* error, std::istream* stream) override;
   /// Loads from the unpacked font; `stream` is not looked at.
   bool loadFontTables(QXError* error, int entry, std::istream* stream) override;
+  /// As the inner font; what `out` is given to read from is its own, on any thread, and stays after
+  /// the font.
+  bool getEmbedFontStream(QXMemStream& out, int entry, std::istream* source) override;
   bool makeWebFont(const GlyphIDs& gids, QXMemStream& out, int entry,
                    std::istream* source) override;
   bool makeSubsetFont(const GlyphIDs& gids, QXMemStream& out, int entry,
                       std::istream* source) override;
   /// Face 0 of the unpacked font, tried once.
   FT_Face getFreeTypeFace(int entry) override;
-  /// The unpacked font; null before it was read. What the embedding operations hand out may read
-  /// from it, so it is for them alone: everything else has a stream of its own.
+  /// The unpacked font; null before it was read. It has one position, so it is for the caller
+  /// alone: everything else, embedding among it, has a stream of its own.
   QXMemStream* getMemStream() override;
+
+  /// A stream of its own over the unpacked font; none before it was read.
+  embed::FontStream ownStream() override;
 
  private:
   ~FS_WOFF() override;
-  embed::FontStream ownStream() override;
   bool readInner(QXError* error);
 
   std::shared_ptr<UnpackedSfnt> sfnt_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <span>
 #include <vector>
 
 #include "common/bytes/byte_view.h"
@@ -26,6 +27,7 @@ constexpr std::uint32_t kSignature = sfnt::tagOf("wOFF");
 constexpr std::uint64_t kOffsetTableSize = sfnt::OffsetTable::kSize;
 constexpr std::uint64_t kRecordSize = sfnt::TableDirectory::kRecordSize;
 constexpr std::uint64_t kAlignment = 4;
+constexpr std::size_t kPiece = std::size_t{64} << 10;
 
 constexpr char kInvalidHeader[] = "Invalid WOFF header.";
 constexpr char kUncompress[] = "Uncompress error.";
@@ -89,8 +91,10 @@ class WoffReader {
   void writeOffsetTable();
   TableResult unpackTable(std::size_t index);
   void writeRecord(std::size_t index, const WoffEntry& entry);
-  bool writeContent(const WoffEntry& entry, ByteView bytes);
-  bool inflateContent(ByteView bytes);
+  template <class Take>
+  bool readContent(const WoffEntry& entry, Take take);
+  TableResult copyContent(const WoffEntry& entry);
+  TableResult inflateContent(const WoffEntry& entry);
   std::uint64_t padContent();
   void writeAt(std::uint64_t position, ByteView bytes);
 
@@ -98,8 +102,10 @@ class WoffReader {
   std::shared_ptr<UnpackedSfnt>& sfnt_;
   WoffHeader header_;
   std::vector<WoffEntry> entries_;  // those that are there
-  std::uint64_t dataOffset_ = 0;    // of the next table in the output
+  std::vector<std::byte> piece_ = std::vector<std::byte>(kPiece);
+  std::uint64_t dataOffset_ = 0;  // of the next table in the output
   std::uint64_t inflated_ = 0;
+  std::uint64_t packed_ = 0;  // bytes read: many entries may name the same ones
 };
 
 TableResult WoffReader::readHeader() {
@@ -143,13 +149,17 @@ void WoffReader::writeOffsetTable() {
   dataOffset_ = kOffsetTableSize + kRecordSize * header_.numTables;
 }
 
+/// A table of its original length is taken as it is; any other length, a larger one too, is that
+/// of compressed bytes. How many bytes come out is not held against the original length.
 TableResult WoffReader::unpackTable(std::size_t index) {
   if (index >= entries_.size()) return cutShort();
   const WoffEntry& entry = entries_[index];
   writeRecord(index, entry);
-  const std::vector<std::byte> bytes = readBlock(stream_, entry.offset, entry.compLength);
-  if (bytes.size() < entry.compLength) return cutShort();
-  if (!writeContent(entry, ByteView(bytes))) return cannotUncompress();
+  sfnt_->content().seekp(static_cast<std::streamoff>(dataOffset_));
+  const bool isStored = entry.compLength == entry.origLength;
+  if (TableResult failure = isStored ? copyContent(entry) : inflateContent(entry)) return failure;
+  packed_ += entry.compLength;
+  if (packed_ > kMostWoffFontBytes) return cannotUncompress();
   dataOffset_ += entry.origLength + padContent();
   return std::nullopt;
 }
@@ -163,21 +173,37 @@ void WoffReader::writeRecord(std::size_t index, const WoffEntry& entry) {
   writeAt(kOffsetTableSize + kRecordSize * index, out.view());
 }
 
-/// A table of its original length is taken as it is; any other length, a larger one too, is that
-/// of compressed bytes. How many bytes come out is not held against the original length.
-bool WoffReader::writeContent(const WoffEntry& entry, ByteView bytes) {
-  sfnt_->content().seekp(static_cast<std::streamoff>(dataOffset_));
-  if (entry.compLength != entry.origLength) return inflateContent(bytes);
-  writeAt(dataOffset_, bytes);
+/// Hands on the bytes of a table piece by piece, so that they are not held; false where the file
+/// ends before.
+template <class Take>
+bool WoffReader::readContent(const WoffEntry& entry, Take take) {
+  for (std::uint64_t read = 0; read < entry.compLength;) {
+    const std::uint64_t left = entry.compLength - read;
+    const auto piece = std::span(piece_).first(std::min<std::uint64_t>(piece_.size(), left));
+    if (!readExact(stream_, static_cast<std::int64_t>(entry.offset + read), piece)) return false;
+    take(ByteView(piece));
+    read += piece.size();
+  }
   return true;
 }
 
-bool WoffReader::inflateContent(ByteView bytes) {
+TableResult WoffReader::copyContent(const WoffEntry& entry) {
+  const auto copy = [this](ByteView piece) {
+    const void* data = piece.data();
+    sfnt_->content().write(static_cast<const char*>(data),
+                           static_cast<std::streamsize>(piece.size()));
+  };
+  return readContent(entry, copy) ? TableResult() : cutShort();
+}
+
+/// A file that is cut short says so, whatever its bytes are worth.
+TableResult WoffReader::inflateContent(const WoffEntry& entry) {
   QXCommonNS::zlib::Inflater inflater(
       sfnt_->content(), std::min(kMostWoffTableBytes, kMostWoffFontBytes - inflated_));
-  const bool whole = inflater.write(bytes) && inflater.finished();
+  const bool isThere = readContent(entry, [&](ByteView piece) { inflater.write(piece); });
   inflated_ += inflater.written();
-  return whole;
+  if (!isThere) return cutShort();
+  return inflater.finished() ? TableResult() : cannotUncompress();
 }
 
 /// Fills up to the next multiple of 4, and gives by how much.

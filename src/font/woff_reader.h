@@ -15,8 +15,8 @@ namespace QXFontService_NS {
 /// data are never read.
 /// @param sfnt receives the font; after a failure null or what was unpacked so far.
 /// @return a failure without a detail for a short read; else what is wrong. A font that promises,
-///   or unpacks to, more than `kMostWoffFontBytes`, or a table of more than `kMostWoffTableBytes`,
-///   is one that cannot be uncompressed.
+///   unpacks to, or is unpacked from more than `kMostWoffFontBytes`, or a table of more than
+///   `kMostWoffTableBytes`, is one that cannot be uncompressed.
 [[nodiscard]] TableResult unpackWoff(std::istream& stream, std::shared_ptr<UnpackedSfnt>& sfnt);
 
 }  // namespace QXFontService_NS

@@ -3,6 +3,7 @@
 #include "qxfontservice/glyph_draw_info.h"
 
 #include "font/contract/outline_lock.h"
+#include "font/drawable_glyph.h"
 #include "font/outline/draw_glyph.h"
 #include "service/boundary.h"
 
@@ -19,7 +20,8 @@ bool FS_FontInfo::getGlyphDrawInfo(unsigned short gid, FS_GlyphDrawInfo& info,
   return service::atBoundary(false, [&] {
     const QXMutex guard(&FS_OutlineLock());
     FT_Face face = font_->getFreeTypeFace(entry_);
-    return face != nullptr && outline::drawGlyph(face, gid, info, vertical);
+    return face != nullptr && isDrawableGlyph(*font_, entry_, gid) &&
+           outline::drawGlyph(face, gid, info, vertical);
   });
 }
 

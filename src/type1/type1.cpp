@@ -119,7 +119,7 @@ void FS_Type1::addStyleKeys(FS_FontKeySink& keys, const FS_FontRef& ref, const Q
 }
 
 void FS_Type1::addNameKeys(FS_FontKeySink& keys, const FS_FontRef& ref) {
-  std::set<UnicodeString> names;
+  std::set<UnicodeString> names = fontAliases();
   for (const UnicodeString& name : {getFamilyName(QXLang::LANGID_DEFAULT, 0),
                                     getFullFontName(QXLang::LANGID_DEFAULT, 0), postScriptName()})
     if (!name.isEmpty()) names.insert(name);

@@ -55,6 +55,8 @@ bool FS_Type1AFM::readFont(QXError* error, std::istream* stream) {
     reportFontError(*this, error, FS_ERROR_FONT_READ, {});
     return false;
   }
+  stream->clear();
+  stream->seekg(0);  // whoever looked for the kind of the file may have read of it
   type1::AfmParser parser(metrics_);
   if (!parser.parse(*stream)) {
     reportFontError(*this, error, FS_ERROR_FONT_FILE, textOf(parser.failure()));

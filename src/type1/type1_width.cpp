@@ -10,13 +10,11 @@ constexpr int kSpace = 0x20;
 
 }  // namespace
 
-/// By the glyph list, else by the character's own glyph name.
+/// By the glyph list; a character that it does not name, by its own glyph name. A name of the list
+/// that the metrics lack is missing: the list means to replace the other names.
 std::optional<float> FS_Type1::namedWidth(int character) const {
   const std::string* const listed = listedName(character);
-  if (listed != nullptr) {
-    const std::optional<float> width = widthOfName(*listed);
-    if (width) return width;
-  }
+  if (listed != nullptr) return widthOfName(*listed);
   const int unicode = isSymbolicFont(0) ? character : type1::unicodeAlternative(character);
   const std::string_view name = type1::glyphNameOf(unicode);
   if (name.empty()) return std::nullopt;

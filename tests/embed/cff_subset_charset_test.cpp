@@ -105,6 +105,13 @@ TEST(WriteFDSelect, NeverGoesBack) {
   EXPECT_EQ(fdSelectOf(source, {{10, 9}, {11, 1}}), CffBuilder::fdSelect3({{0, 0}, {1, 2}}, 3));
 }
 
+// The last range counts before the walk: a glyph at or past it has its Font DICT, also where a
+// range before it begins higher.
+TEST(WriteFDSelect, LastRangeComesFirst) {
+  const std::string source = CffBuilder::fdSelect3({{0, 0}, {8, 1}, {5, 2}}, 20);
+  EXPECT_EQ(fdSelectOf(source, identity({6})), CffBuilder::fdSelect3({{0, 0}, {1, 2}}, 2));
+}
+
 // Format 0 is read as if it were 3: `0, fd, fd, ...` gives a count of fd, fd.
 TEST(WriteFDSelect, DoesNotLookAtTheFormat) {
   EXPECT_EQ(fdSelectOf(bytesOf({0, 0, 1, 0, 3, 1, 0, 0, 0}), identity({1, 5})),

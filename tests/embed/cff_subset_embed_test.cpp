@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "embed/cff/operands.h"
 #include "embed/cff_subset_fixture.h"
 #include "support/truncation.h"
 
@@ -112,6 +113,40 @@ TEST(CffEmbedFont, StructuresMayStandInAnyOrder) {
     EXPECT_EQ(itemOf(dicts.privates[0], Keyword::kDefaultWidthX).getIntegerValue(), 500);
     EXPECT_EQ(cff::stringsOf(dicts.subrs[1]), FS_CFFStrings{"\x0C"});
   }
+}
+
+TEST(CffEmbedFont, TopPrivateOfACidKeyedFontGoesInItsPlace) {
+  for (const bool before : {true, false}) {
+    CffBuilder builder = cidKeyedWithTopPrivate(before);
+    const std::string bytes = embedFrom(builder, {1, 6});
+    OpenedCff font(bytes);
+    ASSERT_TRUE(font.loaded) << before;
+    const auto& place = itemOf(font.info.topDict, Keyword::kPrivate);
+    EXPECT_EQ(FS_Operand(place, 1).getIntegerValue(), 3);
+    const auto offset = static_cast<std::size_t>(FS_Operand(place, 2).getIntegerValue());
+    EXPECT_EQ(bytes.substr(offset, 3), kTopPrivate) << before;
+    cff::FontDicts dicts;
+    ASSERT_TRUE(cff::readFDArray(font.source.table, font.info, dicts)) << before;
+    EXPECT_EQ(itemOf(dicts.privates[1], Keyword::kDefaultWidthX).getIntegerValue(), 501);
+    EXPECT_EQ(cff::stringsOf(dicts.subrs[1]), FS_CFFStrings{"\x0C"});
+  }
+}
+
+// An FDSelect behind all other structures ends the copying: what follows it is lost. Kept.
+TEST(CffEmbedFont, TailEndsWhereTheSourceHasItsFDSelect) {
+  CffBuilder builder = cidKeyedFont(8);
+  builder.order = {"charset", "CharStrings", "FDArray", "FDSelect"};
+  builder.trailer = "trailer";
+  const std::string bytes = embedFrom(builder, {1, 6});
+  OpenedCff font(bytes);
+  ASSERT_TRUE(font.loaded);
+  EXPECT_EQ(bytes.find("trailer"), std::string::npos);
+  cff::FontDicts dicts;
+  ASSERT_TRUE(cff::readFDArray(font.source.table, font.info, dicts));
+  EXPECT_EQ(cff::stringsOf(dicts.subrs[1]), FS_CFFStrings{"\x0C"});
+  builder.order = {"charset", "FDSelect", "CharStrings", "FDArray"};
+  const std::string whole = embedFrom(builder, {1, 6});
+  EXPECT_EQ(whole.substr(whole.size() - 7), "trailer");
 }
 
 // With the Private DICT before CharStrings the local subroutines are lost: kept.
@@ -254,6 +289,27 @@ TEST(CffEmbedFont, FailingClosureFailsTheCall) {
   endless.privates[0].subrs = {CharStringBuilder().call(10, 0, 1).str()};
   endless.glyphs[3] = CharStringBuilder().call(10, 0, 1).str();
   EXPECT_EQ(embedFrom(endless, {3}), "false");
+}
+
+TEST(CffEmbedFont, ShortPrivateDictFailsTheCall) {
+  CffBuilder builder = nameKeyedFont(4);
+  builder.encoding = bytesOf({0, 1, 65});  // so that the closure does not read it
+  builder.privates[0].subrs.clear();
+  const std::string table = builder.build();
+  EXPECT_NE(embedFrom(table, {1}), "false");
+  EXPECT_EQ(embedFrom(table.substr(0, table.size() - 1), {1}), "false");
+}
+
+// Only what is behind the last structure may be missing: nobody asks whether it came.
+TEST(CffEmbedFont, TailThatIsNotThereIsLeftOut) {
+  CffBuilder builder = cidKeyedFont(8);
+  const std::string table = builder.build();
+  OpenedCff font(table);
+  font.source.table.length += 1000;
+  EXPECT_EQ(written([&](auto& out) {
+              return makeCFFEmbedFont(font.source, {1, 6}, out);
+            }),
+            embedFrom(table, {1, 6}));
 }
 
 TEST(CffEmbedFont, TwoRunsGiveTheSameBytes) {

@@ -78,4 +78,21 @@ inline qxtest::CffBuilder cidKeyedFont(int count) {
   return font;
 }
 
+/// What the Top DICT of the next font names as its Private: three bytes, which are an encoding too.
+inline const std::string kTopPrivate = qxtest::bytesOf({0, 1, 20});
+
+/// A CID-keyed font whose Top DICT has a Private as well, before or behind the FDArray.
+inline qxtest::CffBuilder cidKeyedWithTopPrivate(bool before) {
+  const auto withPrivateAt = [before](std::size_t offset) {
+    qxtest::CffBuilder font = cidKeyedFont(8);
+    font.order = {"charset", "FDSelect", "CharStrings", "Encoding", "FDArray"};
+    (before ? font.encoding : font.trailer) = kTopPrivate;
+    font.top.number(3).number(static_cast<int>(offset), qxtest::DictForm::fourBytes).op(18);
+    return font;
+  };
+  qxtest::CffBuilder sized = withPrivateAt(0);
+  static_cast<void>(sized.build());
+  return withPrivateAt(sized.at(before ? "Encoding" : "End"));
+}
+
 }  // namespace QXFontService_NS::embed

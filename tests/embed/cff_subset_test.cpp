@@ -84,6 +84,46 @@ TEST(CffSubsetFont, GoldenBytesOfACidKeyedFont) {
   EXPECT_EQ(subsetFrom(builder, {2, 1}), expected);
 }
 
+TEST(CffSubsetFont, TopPrivateBeforeTheFDArrayGoesOutBeforeIt) {
+  CffBuilder builder = cidKeyedWithTopPrivate(true);
+  builder.header = kHeader;
+  const std::string source = builder.build();
+  const std::size_t charStrings = builder.at("CharStrings");
+  const std::size_t fdArray = builder.at("FDArray");
+  const std::string index = cffIndex({glyphOf(0), glyphOf(1), glyphOf(2)});
+  const std::size_t moved = charStrings + index.size() + kTopPrivate.size();
+  std::string expected =
+      source.substr(0, charStrings) + index + kTopPrivate + source.substr(fdArray);
+  replaceOnce(expected, offsetOperator(builder.at("Encoding"), 18),
+              offsetOperator(charStrings + index.size(), 18));
+  replaceOnce(expected, offsetOperator(fdArray, 0x0C24), offsetOperator(moved, 0x0C24));
+  for (const char* name : {"Private0", "Private1"})
+    replaceOnce(expected, offsetOperator(builder.at(name), 18),
+                offsetOperator(builder.at(name) - fdArray + moved, 18));
+  EXPECT_EQ(subsetFrom(builder, {2, 1}), expected);
+}
+
+// What stands between the two, the Private DICTs of the Font DICTs, is not copied: kept.
+TEST(CffSubsetFont, TopPrivateBehindTheFDArrayFollowsItsFontDicts) {
+  CffBuilder builder = cidKeyedWithTopPrivate(false);
+  builder.header = kHeader;
+  const std::string source = builder.build();
+  const std::size_t charStrings = builder.at("CharStrings");
+  const std::size_t fdArray = builder.at("FDArray");
+  const std::string index = cffIndex({glyphOf(0), glyphOf(1), glyphOf(2)});
+  const std::size_t moved = charStrings + index.size();
+  const std::size_t fdArraySize = builder.at("Private0") - fdArray;
+  std::string expected =
+      source.substr(0, charStrings) + index + source.substr(fdArray, fdArraySize) + kTopPrivate;
+  replaceOnce(expected, offsetOperator(builder.at("End"), 18),
+              offsetOperator(moved + fdArraySize, 18));
+  replaceOnce(expected, offsetOperator(fdArray, 0x0C24), offsetOperator(moved, 0x0C24));
+  for (const char* name : {"Private0", "Private1"})
+    replaceOnce(expected, offsetOperator(builder.at(name), 18),
+                offsetOperator(builder.at(name) - fdArray + moved, 18));
+  EXPECT_EQ(subsetFrom(builder, {2, 1}), expected);
+}
+
 // The count ends at the highest id, whatever `maxp` says: kept.
 TEST(CffSubsetFont, NothingIsWrittenBehindTheHighestGlyph) {
   CffBuilder builder = nameKeyedFont(8);
@@ -188,6 +228,29 @@ TEST(CffSubsetFont, ShortPrivateOperandIsOverwrittenPastItsEnd) {
   EXPECT_NE(out[operand + 3], 18);  // the operator is gone
 }
 
+TEST(CffSubsetFont, ShortPrivateDictFailsTheCall) {
+  CffBuilder builder = nameKeyedFont(8);
+  builder.privates[0].subrs.clear();
+  const std::string table = builder.build();
+  const auto run = [](const std::string& bytes) {
+    OpenedCff font(bytes);
+    return written([&](auto& out) { return makeCFFSubsetFont(font.source, {2}, out); });
+  };
+  EXPECT_NE(run(table), "false");
+  EXPECT_EQ(run(table.substr(0, table.size() - 1)), "false");
+}
+
+TEST(CffSubsetFont, TailThatIsNotThereIsLeftOut) {
+  CffBuilder builder = cidKeyedFont(8);
+  OpenedCff font(builder);
+  font.source.spaceGlyph = 1;
+  font.source.table.length += 1000;
+  EXPECT_EQ(written([&](auto& out) {
+              return makeCFFSubsetFont(font.source, {2, 6}, out);
+            }),
+            subsetFrom(builder, {2, 6}));
+}
+
 TEST(CffSubsetFont, CompositesGetNoParts) {
   CffBuilder builder = nameKeyedFont(6);
   builder.glyphs[5] = CharStringBuilder().numbers({10, 20, 65, 194}).op(14).str();
@@ -209,6 +272,11 @@ TEST(CffSubsetFont, TopDictIndexKeepsItsOffSize) {
   CffBuilder builder = nameKeyedFont(4);
   const std::string source = builder.build();
   EXPECT_EQ(subsetFrom(builder, {1}).substr(13, 5), source.substr(13, 5));
+  CffBuilder longer = nameKeyedFont(4);
+  for (int i = 0; i < 60; ++i) longer.top.entry(13, 100000 + i);
+  const std::string longSource = longer.build();
+  ASSERT_EQ(longSource[15], 2);
+  EXPECT_EQ(subsetFrom(longer, {1}).substr(13, 7), longSource.substr(13, 7));
 }
 
 TEST(CffSubsetFont, TwoRunsGiveTheSameBytes) {

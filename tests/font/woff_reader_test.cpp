@@ -206,6 +206,26 @@ TEST(WoffReader, ATableThatBlowsUpIsStopped) {
   EXPECT_LE(sfnt->length(), QXCommonNS::limits::kMostWoffTableBytes + 100);
 }
 
+/// A file of `count` tables that all name the same packed bytes, a mebibyte of which one comes out.
+std::string fileOfTablesFromTheSameBytes(unsigned count) {
+  constexpr std::uint32_t kLength = 1U << 20;
+  WoffBuilder builder;
+  for (unsigned i = 1; i < count; ++i) builder.packed("aaaa", "", 1);
+  std::string packed = zlibBytes("x");
+  packed.resize(kLength);
+  BeBytes file = builder.packed("bbbb", packed, 1).bytes();
+  std::string bytes = file.str();
+  const std::string place = bytes.substr(file.at(std::to_string(count - 1)) + 4, 8);
+  for (unsigned i = 1; i < count; ++i) bytes.replace(file.at(std::to_string(i - 1)) + 4, 8, place);
+  return bytes;
+}
+
+TEST(WoffReader, TablesThatShareTheirBytesAreStoppedWhereTheyAreMoreThanAFont) {
+  const std::string most = fileOfTablesFromTheSameBytes(300);
+  EXPECT_EQ(unpack(most).failure, std::nullopt);
+  EXPECT_EQ(unpack(fileOfTablesFromTheSameBytes(301)).failure, kUncompress);
+}
+
 TEST(WoffReader, SurvivesAnyDamage) {
   WoffBuilder builder;
   builder.raw("aaaa", "abc").deflated("bbbb", std::string(40, 'x')).raw("cccc", "");

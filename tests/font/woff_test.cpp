@@ -1,5 +1,9 @@
 #include "font/woff.h"
 
+#include <atomic>
+#include <thread>
+
+#include "embed/woff.h"
 #include "font/answers.h"
 #include "font/key_list.h"
 #include "font/sfnt_fixture.h"
@@ -222,6 +226,100 @@ TEST_F(Woff, FormsAreThoseOfTheFontInside) {
   const SfntBuilder openType = qxtest::sampleOpenType(qxtest::sampleCff());
   EXPECT_EQ(difference(formsOf(*loadWeb(openType), 0), formsOf(*load<FS_OpenType>(openType), 0)),
             "");
+}
+
+void expectItsSubsetPacked(FS_BaseFont& font) {
+  QXMemStream subset(nullptr, 8192, false, true);
+  QXMemStream packed(nullptr, 8192, false, true);
+  QXMemStream web(nullptr, 8192, false, true);
+  ASSERT_TRUE(font.makeSubsetFont({2}, subset, 0, nullptr));
+  ASSERT_TRUE(embed::writeWOFF(packed, subset));
+  ASSERT_TRUE(font.makeWebFont({2}, web, 0, nullptr));
+  EXPECT_TRUE(qxtest::bytesIn(web) == qxtest::bytesIn(packed));
+}
+
+TEST_F(Woff, AWebFontIsTheSubsetPackedOfEveryKind) {
+  const SfntBuilder openType = qxtest::sampleOpenType(qxtest::sampleCff());
+  expectItsSubsetPacked(*load(sampleFont()));
+  expectItsSubsetPacked(*load<FS_OpenType>(openType));
+  expectItsSubsetPacked(*loadWeb(sampleFont()));
+  expectItsSubsetPacked(*loadWeb(openType));
+}
+
+TEST_F(Woff, AStreamThatWasHandedOutStaysAfterTheFont) {
+  QXMemStream out(nullptr, 8192, false, true);
+  {
+    const auto font = readWeb(sampleFont());
+    ASSERT_TRUE(font->getEmbedFontStream(out, 0, nullptr));
+  }
+  EXPECT_EQ(qxtest::bytesIn(out), sampleFont().build());
+}
+
+TEST_F(Woff, AGivenStreamIsHandedOutAsItIs) {
+  const auto font = readWeb(sampleFont());
+  std::istringstream given("given");
+  QXMemStream out(nullptr, 8192, false, true);
+  EXPECT_TRUE(font->getEmbedFontStream(out, 0, &given));
+  EXPECT_EQ(qxtest::bytesIn(out), "given");
+}
+
+TEST_F(Woff, OfAFontWithCffTheTableIsHandedOut) {
+  const auto font = loadWeb(qxtest::sampleOpenType(qxtest::sampleCff()));
+  QXMemStream out(nullptr, 8192, false, true);
+  EXPECT_TRUE(font->getEmbedFontStream(out, 0, nullptr));
+  EXPECT_EQ(qxtest::bytesIn(out), qxtest::sampleCff().build());
+}
+
+/// Runs the same work on several threads at once, and counts those that found it right.
+template <class Work>
+int rightOnThreads(int count, Work work) {
+  std::atomic<int> right{0};
+  std::atomic<int> waiting{count};
+  std::vector<std::thread> threads;
+  for (int i = 0; i < count; ++i) {
+    threads.emplace_back([&, i] {
+      for (--waiting; waiting.load() != 0;) std::this_thread::yield();
+      if (work(i)) ++right;
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  return right;
+}
+
+TEST_F(Woff, ManyThreadsLoadItOnceAndSeeTheSame) {
+  const auto font = readWeb(sampleFont());
+  EXPECT_EQ(rightOnThreads(8,
+                           [&](int) {
+                             return font->loadFontTables(nullptr, 0, nullptr) &&
+                                    font->getGlyphID('B', false, 0) == 3;
+                           }),
+            8);
+}
+
+/// A font of so many bytes, each other than its neighbours, that it is read block by block.
+SfntBuilder longFont() {
+  std::string table(60'000, '\0');
+  for (std::size_t i = 0; i < table.size(); ++i) table[i] = static_cast<char>(i * i >> 4U);
+  return sampleFont().table("zzzz", table);
+}
+
+/// One unpacked font serves loading, embedding and outlines, each with a position of its own.
+TEST_F(Woff, ReadersOfTheUnpackedFontDoNotMeet) {
+  const auto font = readWeb(longFont());
+  const std::string whole = longFont().build();
+  EXPECT_EQ(rightOnThreads(8,
+                           [&](int i) {
+                             if (i == 0) return font->loadFontTables(nullptr, 0, nullptr);
+                             if (i == 1) return font->getFreeTypeFace(0) != nullptr;
+                             bool same = true;
+                             for (int run = 0; run < 10; ++run) {
+                               QXMemStream out(nullptr, 1024, false, false);
+                               same = same && font->getEmbedFontStream(out, 0, nullptr) &&
+                                      std::string(std::istreambuf_iterator<char>(out), {}) == whole;
+                             }
+                             return same;
+                           }),
+            8);
 }
 
 TEST_F(Woff, AGivenStreamIsReadInsteadOfTheUnpackedFont) {

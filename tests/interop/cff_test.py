@@ -19,10 +19,10 @@ import tempfile
 import unittest
 
 from fontTools.cffLib import CFFFontSet, FDArrayIndex, FDSelect, FontDict, SubrsIndex
-from fontTools.misc.psCharStrings import T1CharString, T2CharString
+from fontTools.misc.psCharStrings import T1CharString, T2CharString, T2OutlineExtractor
 from fontTools.pens.recordingPen import RecordingPen
 from fontTools.pens.roundingPen import RoundingPen
-from fontTools.ttLib import TTFont
+from fontTools.ttLib import TTCollection, TTFont
 from fontTools.ttLib.tables.DefaultTable import DefaultTable
 
 QXFONT = os.environ["QXFONT"]
@@ -33,10 +33,14 @@ GARAMOND = "/usr/share/fonts/opentype/ebgaramond/EBGaramond12-Regular.otf"
 LIBERTINE = "/usr/share/fonts/opentype/linux-libertine/LinLibertine_R.otf"
 LATIN_MODERN = "/usr/share/texmf/fonts/opentype/public/lm/lmroman10-regular.otf"
 UNIFONT = "/usr/share/fonts/opentype/unifont/unifont_jp.otf"
+NOTO_CJK = "/usr/share/fonts/opentype/noto/NotoSansCJK-Regular.ttc"
+NOTO_FACE = "NotoSansCJKjp-Regular"
 
 NAME_KEYED = (NIMBUS, GARAMOND, LIBERTINE, LATIN_MODERN)
 LATIN = "Hamburgefonstiv 0123456789 ÄÅÇÉÑÖßàæéøü “quoted” (AV) QR&§"
 JAPANESE = "吾輩は猫である。名前はまだ無い。 abc"
+# Of many Font DICTs: ideographs, kana, Hangul, Bopomofo, dingbats, digits, full and half width.
+CJK = JAPANESE + " 한국어 ㄅㄆ カナ ｶﾅ ①→─「」 ΩЖ 2026"
 
 
 def run(*arguments, status=0):
@@ -213,6 +217,28 @@ def cid_keyed():
     return path
 
 
+@functools.lru_cache(maxsize=None)
+def noto_cjk():
+    """A face cut out of its collection, the tables as they are: CID-keyed, 65,535 glyphs."""
+    path = os.path.join(MADE.name, "noto_cjk.otf")
+    with TTCollection(NOTO_CJK, lazy=True) as collection:
+        face = next(font for font in collection.fonts if font["name"].getDebugName(6) == NOTO_FACE)
+        face.save(path)
+    return path
+
+
+def vertical_forms(font):
+    """Glyphs that stand in for others in vertical text."""
+    gsub = font["GSUB"].table
+    lookups = {index for record in gsub.FeatureList.FeatureRecord if record.FeatureTag == "vert"
+               for index in record.Feature.LookupListIndex}
+    forms = {}
+    for index in sorted(lookups):
+        for subtable in gsub.LookupList.Lookup[index].SubTable:
+            forms.update(getattr(subtable, "ExtSubTable", subtable).mapping)
+    return forms
+
+
 def seac(path):
     """Latin Modern in which Aacute is an accented composite, as Type 1 has them."""
     font = TTFont(LATIN_MODERN)
@@ -313,6 +339,7 @@ class CffTest(unittest.TestCase):
             yield font, LATIN
         yield cid_keyed(), LATIN
         yield UNIFONT, JAPANESE
+        yield noto_cjk(), CJK
 
 
 class EmbedTest(CffTest):
@@ -423,6 +450,53 @@ class EmbedTest(CffTest):
         self.assertFalse(os.path.exists(self.path("out")))
 
 
+class NotoCjkTest(CffTest):
+    """The largest font of this kind that there is."""
+
+    def setUp(self):
+        super().setUp()
+        self.font = opened(noto_cjk())
+        self.top = self.font["CFF "].cff[0]
+
+    def test_it_is_large_with_many_font_dicts_and_vertical_forms(self):
+        self.assertEqual(len(self.top.CharStrings), 65535)
+        self.assertEqual(self.top.FDSelect.format, 3)
+        self.assertEqual(len(self.top.FDArray), 18)
+        self.assertGreater(len(vertical_forms(self.font)), 100)
+        dicts = {self.top.FDSelect[self.font.getGlyphID(self.font.getBestCmap()[ord(c)])]
+                 for c in CJK}
+        self.assertGreater(len(dicts), 7)
+
+    def test_each_glyph_of_a_bare_cff_keeps_its_font_dict(self):
+        data, summary = self.embed(noto_cjk(), "cff", "--text", CJK)
+        fonts = CFFFontSet()
+        fonts.decompile(io.BytesIO(data), None)
+        written = fonts[0]
+        order = written.charset
+        for row in summary["map"]:
+            at = written.FDSelect[order.index(f"cid{row['id']:05d}")]
+            source = self.top.FDSelect[row["glyph"]]
+            self.assertEqual(written.FDArray[at].FontName, self.top.FDArray[source].FontName, row)
+
+    def test_vertical_forms_are_drawn_as_in_the_source(self):
+        names = sorted(set(vertical_forms(self.font).values()))[::7]
+        gids = sorted(self.font.getGlyphID(name) for name in names)
+        asked = ",".join(map(str, gids))
+        source = source_face(noto_cjk())
+        for form in ("cff", "sfnt-all"):
+            with self.subTest(form=form):
+                data, summary = self.embed(noto_cjk(), form, "--gids", asked)
+                written = FreeTypeFace(data)
+                self.assertEqual([row["glyph"] for row in summary["map"]], gids)
+                for row in summary["map"]:
+                    self.assertEqual(written.drawn(row["id"]), source.drawn(row["glyph"]), row)
+
+    def test_a_subset_in_its_sfnt_keeps_the_vertical_forms_of_its_tables(self):
+        data, _ = self.embed(noto_cjk(), "sfnt-all", "--text", CJK)
+        with TTFont(io.BytesIO(data)) as written:
+            self.assertEqual(vertical_forms(written), vertical_forms(self.font))
+
+
 class ConformingTest(CffTest):
     @staticmethod
     def sources():
@@ -437,7 +511,7 @@ class ConformingTest(CffTest):
     def test_strict_readers_take_the_subset_of_every_font_that_they_take(self):
         fonts = [font for font in self.sources() if self.is_sanitary(font)]
         self.assertGreater(len(fonts), 100)
-        for font in [*fonts, cid_keyed()]:
+        for font in [*fonts, cid_keyed(), noto_cjk()]:
             with self.subTest(font=font), TTFont(font, lazy=True) as source:
                 characters = sorted(source.getBestCmap())
                 chosen = random.Random(font).sample(characters, min(50, len(characters)))
@@ -510,17 +584,23 @@ def decrypted(data):
     return bytes(plain)
 
 
-@functools.lru_cache(maxsize=None)
-def without_fractions(path):
-    """A font each number of whose charstrings lost its fraction, as Type 1 has none."""
-    font = TTFont(path)
-    font["CFF "].cff.desubroutinize()
-    strings = font["CFF "].cff[0].CharStrings
-    for name in strings.keys():
-        string = strings[name]
-        string.decompile()
-        string.program = [int(x) if isinstance(x, float) else x for x in string.program]
-    return font
+class WholeNumbers(list):
+    def append(self, number):
+        super().append(int(number) if isinstance(number, float) else number)
+
+
+class WholeNumberExtractor(T2OutlineExtractor):
+    """Draws with numbers that lost their fractions, as Type 1 has none."""
+
+    def reset(self):
+        super().reset()
+        self.operandStack = WholeNumbers()
+
+
+def without_fractions(font, gid):
+    string = font["CFF "].cff[0].CharStrings[font.getGlyphName(gid)]
+    string.outlineExtractor = WholeNumberExtractor
+    return string
 
 
 def outline_of(glyph_or_string):
@@ -551,12 +631,12 @@ class PostScriptTest(CffTest):
                 strings = block.charstrings()
                 self.assertEqual(len(strings), len(rows) + 1)
                 subrs = [T1CharString(s) for s in block.subrs()]
-                glyphs = without_fractions(font).getGlyphSet()
+                source = TTFont(font)  # one of its own, since drawing is changed
                 for row in rows:
                     _, data = strings[row["id"]]
                     string = T1CharString(data, subrs=subrs)
                     ours = outline_of(string)
-                    theirs = outline_of(glyphs[opened(font).getGlyphName(row["glyph"])])
+                    theirs = outline_of(without_fractions(source, row["glyph"]))
                     self.assertEqual(self.joined(ours), self.joined(theirs), row)
                     self.assertEqual(string.width, row["width"], row)
 
@@ -573,14 +653,15 @@ class PostScriptTest(CffTest):
         return out
 
     def test_font_dicts_are_those_of_the_glyphs(self):
-        font = cid_keyed()
-        resource, rows = self.resource(font, LATIN)
-        self.assertIn("/FDArray 2 array\n", resource)
-        select = opened(font)["CFF "].cff[0].FDSelect
-        strings = StartData(resource).charstrings()
-        self.assertEqual([strings[row["id"]][0] for row in rows],
-                         [select[row["glyph"]] for row in rows])
-        self.assertEqual({strings[row["id"]][0] for row in rows}, {0, 1})
+        for font, text in ((cid_keyed(), LATIN), (noto_cjk(), CJK)):
+            with self.subTest(font=font):
+                resource, rows = self.resource(font, text)
+                top = opened(font)["CFF "].cff[0]
+                self.assertIn(f"/FDArray {len(top.FDArray)} array\n", resource)
+                strings = StartData(resource).charstrings()
+                dicts = [strings[row["id"]][0] for row in rows]
+                self.assertEqual(dicts, [top.FDSelect[row["glyph"]] for row in rows])
+                self.assertGreater(len(set(dicts)), 1)
 
     SQUARE = ("-dDEVICEWIDTHPOINTS=600", "-dDEVICEHEIGHTPOINTS=600")
 

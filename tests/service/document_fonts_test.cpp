@@ -70,6 +70,23 @@ TEST_F(DocumentFonts, TellTheDeclaredStyleAndThatOfTheFontInside) {
   EXPECT_EQ(stretch, 5) << "the one inside tells none either";
 }
 
+TEST_F(DocumentFonts, HaveNoOptionsOfAConfiguredFolder) {
+  ASSERT_TRUE(info.createFont(u"Shared", 400, false, 5, manager.getExtraFonts()));
+  EXPECT_EQ(info.getFontSizeAdjust(), 1.0F);
+  EXPECT_EQ(info.getBaselineAdjust(), 0.0F);
+}
+
+TEST_F(DocumentFonts, AreTheDocumentsAloneWhenTheirFolderIsAsked) {
+  bool isExtra = false;
+  const auto folder = [&](FS_ExtraFonts* extra) {
+    return pathOf(FS_FontInfo::getFontFolderPath(u"Shared", 700, false, 5, extra, &isExtra));
+  };
+  EXPECT_EQ(folder(manager.getExtraFonts()), "/d/a.woff");
+  EXPECT_TRUE(isExtra);
+  EXPECT_EQ(folder(nullptr), "/f/main.ttf");
+  EXPECT_FALSE(isExtra);
+}
+
 TEST_F(DocumentFonts, AreExplained) {
   ext::MatchReport report;
   ASSERT_TRUE(ext::explainMatch(u"Shared", 700, false, 5, manager.getExtraFonts(), report));

@@ -1,10 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <type_traits>
+
 #include "qxfontservice/font_service.h"
 
+#include "layout/glyph_runs.h"
 #include "layout/gpos/position_runs.h"
 #include "layout/table/gsub_gpos_info.h"
 #include "layout/table/script_list.h"
+#include "support/coverage_builder.h"
+#include "support/gsub_builder.h"
+#include "support/layout_table_builder.h"
 
 namespace QXFontService_NS {
 namespace {
@@ -65,6 +71,81 @@ TEST(FontInfoLayout, TellsTheFlagsOfDefaultLanguageSystems) {
   EXPECT_TRUE(FS_FontInfo::isGPOSDefaultLangSys(&info));
   EXPECT_FALSE(FS_FontInfo::hasGSUBInfo(&info));
   EXPECT_FALSE(FS_FontInfo::hasGPOSInfo(&info));
+}
+
+TEST(FontInfoLayout, SubstitutionIsThatOfTheDrivers) {
+  qxtest::LayoutTableBuilder table;
+  const std::string one = qxtest::coverage({1});
+  table.onlyLookup("test", 3, 0, {qxtest::alternateSubst(one, {{20, 30}})});
+  table.onlyLookup("test", 4, 8, {qxtest::ligatureSubst(one, {{{70, {2}}}})});
+  const qxtest::TestFont font(table.str(), qxtest::gdefTable(qxtest::testClasses()));
+  const auto info = layout::makeGSUBGPOSInfo(font, qxtest::kTestTag, 0);
+  const auto input = qxtest::glyphRun<GlyphIDArray2>(font, {1, 50, 2});
+  GlyphIDArray output;
+  GlyphIDArray matched;
+  int position = 0;
+  const auto step = [&](unsigned int tag, int alternate) {
+    return FS_FontInfo::processGSUB(info.get(), tag, input, position, output, matched, alternate);
+  };
+  EXPECT_EQ(step(kLiga, 1), 0);
+  EXPECT_EQ(step(qxtest::kTestTag, 2), 1);
+  EXPECT_EQ(qxtest::idsOf(output), (qxtest::Ids{30}));
+  EXPECT_EQ(position, 1);
+  position = 0;
+  EXPECT_EQ(step(qxtest::kTestTag, 0), 1);  // the alternate misses, and the ligature has its turn
+  EXPECT_EQ(qxtest::idsOf(output), (qxtest::Ids{70}));
+  EXPECT_EQ(qxtest::idsOf(matched), (qxtest::Ids{50}));
+  EXPECT_EQ(position, 3);
+  GlyphIDArray2 passed;
+  EXPECT_FALSE(FS_FontInfo::processGSUB3(info.get(), 2, input, passed, 1));
+  EXPECT_TRUE(passed.empty());
+  EXPECT_TRUE(FS_FontInfo::processGSUB3(info.get(), 1, input, passed, 1));
+  EXPECT_EQ(qxtest::idsOf(passed), (qxtest::Ids{70, 50}));
+  EXPECT_EQ(passed.ligaInfo(0), 2);
+  EXPECT_EQ(passed.skipInfo(1), 1);
+}
+
+TEST(FontInfoLayout, SubstitutionWithoutALanguageSystemDoesNothing) {
+  FS_GSUBGPOSInfo info;
+  const GlyphIDArray2 input(2);
+  GlyphIDArray2 output(3);
+  GlyphIDArray matched(4);
+  int position = 1;
+  EXPECT_EQ(FS_FontInfo::processGSUB(&info, kLiga, input, position, output, matched, 1), 0);
+  EXPECT_FALSE(FS_FontInfo::processGSUB3(&info, 0, input, output, 1));
+  EXPECT_EQ(position, 1);
+  EXPECT_EQ(output.size(), 3);
+  EXPECT_EQ(matched.size(), 4);
+}
+
+// Hosts link by these types.
+TEST(FontInfoLayout, HasTheSignaturesThatHostsCall) {
+  using Info = const FS_GSUBGPOSInfo*;
+  using Glyphs = std::vector<GlyphIDPosition>&;
+  using Font = FS_FontInfo;
+  static_assert(std::is_same_v<decltype(&Font::getGSUBGPOSInfo),
+                               FS_GSUBGPOSInfo* (Font::*)(unsigned, unsigned) const>);
+  static_assert(std::is_same_v<decltype(&Font::deleteGSUBGPOSInfo), void (*)(FS_GSUBGPOSInfo*)>);
+  using Asks = bool (*)(Info);
+  static_assert(std::is_same_v<decltype(&Font::hasGSUBInfo), Asks>);
+  static_assert(std::is_same_v<decltype(&Font::hasGPOSInfo), Asks>);
+  static_assert(std::is_same_v<decltype(&Font::hasMorxInfo), Asks>);
+  static_assert(std::is_same_v<decltype(&Font::isGSUBDefaultLangSys), Asks>);
+  static_assert(std::is_same_v<decltype(&Font::isGPOSDefaultLangSys), Asks>);
+  static_assert(std::is_same_v<decltype(&Font::getGSUBFeatureTag), unsigned (*)(Info, int)>);
+  static_assert(std::is_same_v<decltype(&Font::getGPOSFeatureTag), unsigned (*)(Info, int)>);
+  static_assert(std::is_same_v<decltype(&Font::hasGSUBFeature), bool (*)(Info, unsigned)>);
+  static_assert(std::is_same_v<decltype(&Font::hasGPOSFeature), bool (*)(Info, unsigned)>);
+  static_assert(std::is_same_v<decltype(&Font::processGSUB),
+                               int (*)(Info, unsigned, const GlyphIDArray&, int&, GlyphIDArray&,
+                                       GlyphIDArray&, int)>);
+  static_assert(std::is_same_v<decltype(&Font::processGSUB3),
+                               bool (*)(Info, int, const GlyphIDArray2&, GlyphIDArray2&, int)>);
+  static_assert(
+      std::is_same_v<decltype(&Font::processGPOS), bool (*)(Info, unsigned, Glyphs, int, bool)>);
+  static_assert(std::is_same_v<decltype(&Font::processGPOS3), int (*)(Info, int, Glyphs, bool)>);
+  static_assert(std::is_same_v<decltype(&Font::processMorx),
+                               bool (*)(Info, const GlyphIDArray2&, GlyphIDArray2&)>);
 }
 
 TEST(FontInfoLayout, PositioningIsThatOfTheDrivers) {

@@ -1,11 +1,15 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "qxcommon/mem_stream.h"
+#include "qxfontservice/enum_log_font_ex.h"
 #include "qxfontservice/error_codes.h"
+#include "qxfontservice/extra_font_manager.h"
 #include "qxfontservice/font_info.h"
 #include "qxfontservice/glyph_draw_info.h"
+#include "qxfontservice/new_text_metric_ex.h"
 #include "qxfontservice/service.h"
 
 #include "pool/registry/registry_fixture.h"
@@ -198,6 +202,53 @@ TEST_F(FontInfoType1, FoldersAddedAtRunTimeBringThem) {
   world.file("/g/a.afm", letters().build()).file("/g/b.pfm", PfmBuilder().build());
   EXPECT_EQ(FS_AddFontFolderPath(QXUri(u"/g/", QXCommonNS::URISTR_USER)), 2);
   EXPECT_TRUE(create(u"Made"));
+}
+
+TEST_F(FontInfoType1, ADocumentBringsOneWithItsProgram) {
+  world.file("/d/a.afm", letters().build()).file("/d/a.pfb", outlines().pfb());
+  openFolder();
+  FS_ExtraFontManager manager;
+  QXError error;
+  EXPECT_EQ(
+      manager.appendExtraFont(u"/d/a.afm", FS_FILETYPE_TYPE1_AFM, u"Document", 400, 0, &error), 0);
+  EXPECT_FALSE(info.createFont(u"Document", 400, false, 5, manager.getExtraFonts()))
+      << "a font without a wrapper becomes searchable with its second name";
+  EXPECT_EQ(manager.appendExtraFont(u"/d/a.afm", FS_FILETYPE_TYPE1_AFM, u"Again", 400, 0, &error),
+            0);
+  for (const char16_t* name : {u"Document", u"Again", u"Made"})
+    ASSERT_TRUE(info.createFont(name, 400, false, 5, manager.getExtraFonts())) << utf8(name);
+  EXPECT_TRUE(info.isType1Font());
+  EXPECT_EQ(info.getType1CharCode(0x20AC), 128);
+  EXPECT_EQ(info.getTextWidth(u"A", -1000, false, nullptr), 500);
+  std::string name;
+  EXPECT_TRUE(info.getType1GlyphName(0, 128, name));
+  EXPECT_EQ(name, "Euro");
+  QXMemStream out(nullptr, 4096, false, true);
+  int length = 0;
+  EXPECT_TRUE(info.getType1EmbedFont(0, "\x80", 1, out, length, length, length));
+}
+
+TEST_F(FontInfoType1, FacesAreEnumeratedWithTheirKindAndStatus) {
+  using Faces = std::vector<std::string>;  // type, status, names, ascent
+  world.file("/f/a.afm", letters().build()).file("/f/a.pfb", outlines().pfb());
+  PfmBuilder windows;
+  windows.face = "Windows";
+  world.file("/f/b.pfm", windows.build());
+  openFolder();
+  Faces faces;
+  const auto note = [](FS_FontResourceType, const FS_EnumLogFontEx* font,
+                       const FS_NewTextMetricEx* metrics, void* user) {
+    static_cast<Faces*>(user)->push_back(
+        std::to_string(font->getFontFileType()) + " " + std::to_string(font->getEmbedStatus()) +
+        " " + utf8(font->getFaceName()) + "/" + utf8(font->getFullName()) + " " +
+        std::to_string(static_cast<int>(metrics->getAscent())));
+    return 0;
+  };
+  EXPECT_EQ(FS_EnumFontFamilies(u"Made", note, &faces, nullptr, 0), 0);
+  EXPECT_EQ(faces, Faces{"3 0 Made/Made Roman 1050"});
+  faces.clear();
+  EXPECT_EQ(FS_EnumFontFamilies(u"Windows", note, &faces, nullptr, 0), 0);
+  EXPECT_EQ(faces, Faces{"4 1 Windows/Windows 0"});
 }
 
 TEST_F(FontInfoType1, AMetricFileByItsOwnUriIsTakenForAnSfntAndFails) {

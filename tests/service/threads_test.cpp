@@ -9,11 +9,14 @@
 #include <vector>
 
 #include "qxfontservice/enum_log_font_ex.h"
+#include "qxfontservice/extra_font_manager.h"
+#include "qxfontservice/font_info.h"
 #include "qxfontservice/new_text_metric_ex.h"
 #include "qxfontservice/service.h"
 
 #include "pool/registry/font_registry.h"
 #include "support/named_font.h"
+#include "support/woff_builder.h"
 
 namespace QXFontService_NS {
 namespace {
@@ -86,6 +89,28 @@ TEST_F(Threads, OpenAtOnceAndAllFindOneWholeService) {
     EXPECT_EQ(FS_GetFontError(nullptr, 0), 1);
   });
   for (const FS_FontRegistry* registry : seen) EXPECT_EQ(registry, seen.front());
+}
+
+TEST_F(Threads, AppendToOneDocumentAndFindItsFontsMeanwhile) {
+  QXError opening;
+  ASSERT_EQ(FontServiceOpen("QX_THREADS", &opening), FS_ERROR_NONE);
+  write("web.woff", qxtest::WoffBuilder::of(qxtest::namedFont(u"Inner")).build());
+  const UnicodeString file = UnicodeString::fromUTF8((root_ / "web.woff").string());
+  FS_ExtraFontManager document;
+  QXError error;
+  ASSERT_EQ(document.appendExtraFont(file, FS_FILETYPE_UNKNOWN, u"Web", 0, -1, &error), 0);
+  together([&](int i) {
+    FS_ExtraFontManager own(&document);
+    QXError ownError;
+    const auto name = static_cast<char16_t>(u'A' + i);
+    EXPECT_EQ(own.appendExtraFont(file, FS_FILETYPE_UNKNOWN, UnicodeString(name), 0, -1, &ownError),
+              0);
+    FS_FontInfo font;
+    ASSERT_TRUE(font.createFont(u"Web", 400, false, 5, document.getExtraFonts()));
+    EXPECT_EQ(font.getGlyphID('A', false), 2);
+    EXPECT_EQ(own.getFontsCount(), 1);
+  });
+  EXPECT_EQ(document.getExtraFontFamilies(0)->size(), 1U + kThreads) << "the fonts are shared";
 }
 
 TEST_F(Threads, OfWhichOneMeetsTheFailedOpenTheOthersGoOn) {

@@ -20,6 +20,13 @@ unsigned LayoutTableBuilder::lookup(unsigned type, unsigned flag,
   return static_cast<unsigned>(lookups_.size() - 1);
 }
 
+unsigned LayoutTableBuilder::repeatedLookup(unsigned type, unsigned flag,
+                                            const std::string& subTable, unsigned count) {
+  const std::vector<unsigned> offsets(count, 6 + 2 * count);
+  lookups_.push_back(OffsetTable().u16(type).u16(flag).u16(count).u16s(offsets).str() + subTable);
+  return static_cast<unsigned>(lookups_.size() - 1);
+}
+
 unsigned LayoutTableBuilder::feature(const std::string& tag, const std::vector<unsigned>& lookups) {
   OffsetTable table;
   table.u16(0).u16(static_cast<unsigned>(lookups.size())).u16s(lookups);

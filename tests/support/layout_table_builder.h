@@ -17,6 +17,9 @@ class LayoutTableBuilder {
  public:
   /// Adds a lookup, and gives its index.
   unsigned lookup(unsigned type, unsigned flag, const std::vector<std::string>& subTables);
+  /// Adds a lookup of `count` subtables, up to 32,000, all of which are this one.
+  unsigned repeatedLookup(unsigned type, unsigned flag, const std::string& subTable,
+                          unsigned count);
   /// Adds a feature of these lookups, and gives its index.
   unsigned feature(const std::string& tag, const std::vector<unsigned>& lookups);
 

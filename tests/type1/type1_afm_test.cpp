@@ -134,9 +134,11 @@ TEST_F(Type1Afm, WithAGlyphListMissingCharactersAreAsWideAsItsSpace) {
   EXPECT_EQ(firstMissing(font, u"AB\u4E00"), 2);
 }
 
-TEST_F(Type1Afm, AListedGlyphWithoutMetricsIsMeasuredByTheCharactersOwn) {
+TEST_F(Type1Afm, AListedGlyphWithoutMetricsIsMissing) {
   glyphList("0041;Missing\n");
-  EXPECT_EQ(width(afm(letters()), u"A"), 700);
+  auto& font = afm(letters());
+  EXPECT_EQ(width(font, u"AB"), 600) << "the list replaces the character's own name";
+  EXPECT_EQ(firstMissing(font, u"AB"), 0);
 }
 
 TEST_F(Type1Afm, SymbolicFontsAreMeasuredByCodesToo) {

@@ -164,6 +164,30 @@ TEST_F(Type1Embed, ATextBecomesSegments) {
       << "line ends of the clear text become CR, those of the trailer stay";
 }
 
+TEST_F(Type1Embed, OfATextNoEncodingIsKnown) {
+  world.file("/f/a.pfa", letters().encoding({{1, "B"}}).pfa());
+  options("a.afm").skipGlyphnameMapping = true;
+  auto& font = afm(metrics());
+  EXPECT_EQ(glyphsOf(embed(font, 0, "\x01")), "1: .notdef");
+  EXPECT_EQ(glyphsOf(embed(font, 0, "A")), "2: A .notdef") << "but the standard one";
+}
+
+TEST_F(Type1Embed, WithoutCodesAllGlyphsOfAnyPageGo) {
+  auto& font = withSegments(letters());
+  QXMemStream out(nullptr, 4096, false, true);
+  int lengths[3] = {};
+  EXPECT_TRUE(font.getType1EmbedFont(9, nullptr, 5, out, lengths[0], lengths[1], lengths[2], 0));
+  EXPECT_EQ(qxtest::bytesIn(out), embedAll(font).bytes);
+}
+
+TEST_F(Type1Embed, ANegativeCountIsNone) {
+  auto& font = withSegments(letters());
+  QXMemStream out(nullptr, 4096, false, true);
+  int lengths[3] = {};
+  EXPECT_TRUE(font.getType1EmbedFont(0, "A", -1, out, lengths[0], lengths[1], lengths[2], 0));
+  EXPECT_EQ(qxtest::bytesIn(out), embed(font, 0, "").bytes);
+}
+
 TEST_F(Type1Embed, ATextWithoutATrailerHasALastSegmentOfNothing) {
   std::string text = letters().pfa();
   text.resize(text.size() - letters().trailer().size());

@@ -3,6 +3,7 @@
 #include "qxfontservice/error_codes.h"
 
 #include "font/contract/outline_lock.h"
+#include "support/cmap_builder.h"
 #include "support/sample_font.h"
 #include "support/truncation.h"
 #include "type1/type1_fixture.h"
@@ -139,6 +140,19 @@ TEST_F(Type1Program, WithoutGlyphsSegmentsLoadAndTextDoesNot) {
   auto& text = program<FS_Type1PFA>("/f/g.pfa");
   EXPECT_FALSE(text.loadFontTables(&error, 0, nullptr));
   EXPECT_EQ(message(), "Font file error: No glyphs\n/f/g.pfa");
+}
+
+TEST_F(Type1Program, NoMoreThan65536CodesAreWalked) {
+  std::vector<qxtest::CmapGroup> groups;
+  for (std::uint32_t i = 0; i < 30'000; ++i) groups.push_back({3 * i + 32, 3 * i + 34, 1});
+  const std::string cmap =
+      qxtest::CmapBuilder().add(3, 10, qxtest::CmapBuilder::format12(groups)).build();
+  world.file("/f/g.pfb", qxtest::sampleFont().table("cmap", cmap).build());
+  auto& font = program<FS_Type1PFB>("/f/g.pfb");
+  EXPECT_TRUE(font.loadFontTables(&error, 0, nullptr)) << message();
+  EXPECT_EQ(font.getEmbedableCharCount(0), 65536u) << "of 90,000";
+  EXPECT_NE(font.recordOfCode(65536 + 31), nullptr);
+  EXPECT_EQ(font.recordOfCode(65536 + 32), nullptr);
 }
 
 TEST_F(Type1Program, ReportsOfDamagedSegments) {

@@ -1,6 +1,5 @@
 #include "common/zlib/inflate.h"
 
-#include <array>
 #include <limits>
 
 #include "qxcommon/util.h"
@@ -11,13 +10,17 @@ namespace QXCommonNS {
 namespace zlib {
 namespace {
 
-constexpr std::size_t kPiece = std::size_t{16} << 10;
+/// What comes out in one call; zlib copies its window of 32 KB at the end of each.
+constexpr std::size_t kPiece = std::size_t{64} << 10;
 constexpr std::size_t kMostInput = std::numeric_limits<uInt>::max();
 
 }  // namespace
 
 Inflater::Inflater(std::ostream& out, std::uint64_t most)
-    : out_(out), most_(most), good_(inflateInit(&state_) == Z_OK) {}
+    : out_(out),
+      piece_(std::make_unique_for_overwrite<char[]>(kPiece)),
+      most_(most),
+      good_(inflateInit(&state_) == Z_OK) {}
 
 Inflater::~Inflater() {
   inflateEnd(&state_);
@@ -40,16 +43,15 @@ bool Inflater::run(bytes::ByteView data) {
 }
 
 bool Inflater::takePiece() {
-  std::array<char, kPiece> piece;
-  state_.next_out = static_cast<Bytef*>(static_cast<void*>(piece.data()));
-  state_.avail_out = static_cast<uInt>(piece.size());
+  state_.next_out = static_cast<Bytef*>(static_cast<void*>(piece_.get()));
+  state_.avail_out = static_cast<uInt>(kPiece);
   const int result = inflate(&state_, Z_NO_FLUSH);
   // No progress is no fault: the data goes on in the next call, or is cut short.
   if (result != Z_OK && result != Z_STREAM_END && result != Z_BUF_ERROR) return false;
   finished_ = result == Z_STREAM_END;
-  const std::uint64_t came = piece.size() - state_.avail_out;
+  const std::uint64_t came = kPiece - state_.avail_out;
   if (came > most_ - written_) return false;
-  out_.write(piece.data(), static_cast<std::streamsize>(came));
+  out_.write(piece_.get(), static_cast<std::streamsize>(came));
   written_ += came;
   return static_cast<bool>(out_);
 }

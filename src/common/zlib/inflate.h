@@ -3,6 +3,7 @@
 #include <zlib.h>
 
 #include <cstdint>
+#include <memory>
 #include <ostream>
 
 #include "common/bytes/byte_view.h"
@@ -31,6 +32,7 @@ class Inflater {
   bool takePiece();
 
   std::ostream& out_;
+  std::unique_ptr<char[]> piece_;
   z_stream state_{};
   std::uint64_t most_;
   std::uint64_t written_ = 0;

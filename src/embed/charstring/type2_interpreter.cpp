@@ -11,14 +11,22 @@ using QXCommonNS::QXValue;
 
 namespace {
 
+/// What becomes of the tokens behind their operator.
+enum class Tokens { kept, dropped };
+
+// Operands that a walk which drops tokens lets pile up behind operators that are not supported: far
+// more than any operator takes.
+constexpr std::size_t kMostOperands = 1024;
+
 class Interpreter {
  public:
   Interpreter(const FS_CFFStrings& globalSubrs, const FS_CFFStrings& localSubrs,
-              FS_CharStringTokens& out, HintCounters& counters)
+              FS_CharStringTokens& out, HintCounters& counters, Tokens tokens)
       : globalSubrs_(globalSubrs),
         localSubrs_(localSubrs),
         out_(out),
         counters_(counters),
+        tokens_(tokens),
         operands_(out.size()) {}
 
   bool run(Type2Walker& walker) {
@@ -41,6 +49,8 @@ class Interpreter {
 
  private:
   void push(const QXValue& number) {
+    if (tokens_ == Tokens::dropped && out_.size() >= kMostOperands)
+      out_.erase(out_.begin(), out_.begin() + kMostOperands / 2);
     out_.push_back(number);
     ++counters_.stackDepth;
   }
@@ -75,6 +85,11 @@ class Interpreter {
   void pushKeyword(Type2Operator op) {
     out_.push_back(embed::keywordValue(op.keyword));
     counters_.stackDepth = 0;
+    endOperator();
+  }
+
+  void endOperator() {
+    if (tokens_ == Tokens::dropped) out_.clear();
     operands_ = out_.size();
   }
 
@@ -88,7 +103,7 @@ class Interpreter {
     out_.emplace_back(size);
     for (const std::byte byte : walker.take(static_cast<std::uint64_t>(size)).span())
       out_.emplace_back(std::to_integer<int>(byte));
-    operands_ = out_.size();
+    endOperator();
   }
 
   void takeCall(Type2Walker& walker, const FS_CFFStrings& subrs) {
@@ -105,6 +120,7 @@ class Interpreter {
   const FS_CFFStrings& localSubrs_;
   FS_CharStringTokens& out_;
   HintCounters& counters_;
+  Tokens tokens_;
   std::size_t operands_;  // where the number tokens behind the last keyword begin
 };
 
@@ -114,7 +130,16 @@ bool interpretCharString(const FS_CFFBytes& bytes, const FS_CFFStrings& globalSu
                          const FS_CFFStrings& localSubrs, FS_CharStringTokens& out,
                          HintCounters& counters, WorkBudget& budget) {
   Type2Walker walker(bytes, budget);
-  return Interpreter(globalSubrs, localSubrs, out, counters).run(walker);
+  return Interpreter(globalSubrs, localSubrs, out, counters, Tokens::kept).run(walker);
+}
+
+bool walkCharString(const FS_CFFBytes& bytes, const FS_CFFStrings& globalSubrs,
+                    const FS_CFFStrings& localSubrs, FS_CharStringTokens& operands,
+                    WorkBudget& budget) {
+  operands.clear();
+  HintCounters counters;
+  Type2Walker walker(bytes, budget);
+  return Interpreter(globalSubrs, localSubrs, operands, counters, Tokens::dropped).run(walker);
 }
 
 }  // namespace QXFontService_NS::charstring

@@ -21,4 +21,10 @@ bool interpretCharString(const FS_CFFBytes& bytes, const FS_CFFStrings& globalSu
                          const FS_CFFStrings& localSubrs, FS_CharStringTokens& out,
                          HintCounters& counters, WorkBudget& budget);
 
+/// Walks a Type 2 charstring as `interpretCharString` does and keeps no tokens. `operands` is room
+/// for those of one operator, whatever it holds. False where the charstring is endless or explodes.
+bool walkCharString(const FS_CFFBytes& bytes, const FS_CFFStrings& globalSubrs,
+                    const FS_CFFStrings& localSubrs, FS_CharStringTokens& operands,
+                    WorkBudget& budget);
+
 }  // namespace QXFontService_NS::charstring

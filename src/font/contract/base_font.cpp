@@ -25,9 +25,11 @@ UnicodeString FS_BaseFont::getClassName() const {
 }
 
 FT_Face FS_BaseFont::getFreeTypeFace(int) {
+  if ((ftFlags_.load(std::memory_order_acquire) & kFaceOpen) != 0) return ftFace_.get();
   QXMutex guard(&fontServices().renderingLock());
   const unsigned int before = ftFlags_.fetch_or(kFaceTried, std::memory_order_relaxed);
-  if ((before & kFaceTried) == 0) ftFace_.open(getFontFileName2(), getMemStream(), 0);
+  if ((before & kFaceTried) == 0 && ftFace_.open(getFontFileName2(), getMemStream(), 0) != nullptr)
+    ftFlags_.fetch_or(kFaceOpen, std::memory_order_release);
   return ftFace_.get();
 }
 

@@ -233,6 +233,7 @@ class FS_BaseFont : public QXRCObject {
   /// Bits of the font flags.
   enum FontFlag : unsigned int {
     kFaceTried = 1,      ///< Internal: opening the FreeType face was tried.
+    kFaceOpen = 2,       ///< Internal: it is open, and stays so: no lock is needed to tell it.
     kSystemFont = 8,     ///< Found in the system's font list.
     kEudcFont = 16,      ///< Loaded as an EUDC font.
     kToldFlags = 8 | 16  ///< What enumeration tells.

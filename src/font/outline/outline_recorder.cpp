@@ -1,7 +1,8 @@
 #include "font/outline/outline_recorder.h"
 
 #include <algorithm>
-#include <initializer_list>
+#include <cstddef>
+#include <vector>
 
 #include FT_OUTLINE_H
 
@@ -10,28 +11,43 @@ namespace {
 
 enum SegmentKind : unsigned int { kLine = 0, kQuadratic = 1, kCubic = 2 };
 
-struct Recorder {
-  FS_GlyphDrawInfo& info;
-  float scale;
+/// Fills contours one after the other, in the room that those of the glyph before have: a host
+/// takes many glyphs into one record.
+class Recorder {
+ public:
+  Recorder(const FT_Outline& outline, int scale, std::vector<FS_GlyphContour>& contours)
+      : outline_(outline), scale_(static_cast<float>(scale)), contours_(contours) {}
 
+  void start(const FT_Vector& at) {
+    if (begun_ == contours_.size()) contours_.emplace_back();
+    contour_ = &contours_[begun_];
+    contour_->segments.clear();
+    contour_->points.clear();
+    makeRoom();
+    ++begun_;
+    addPoint(at);
+  }
+  void addSegment(SegmentKind kind) { contour_->segments.push_back(kind); }
   void addPoint(const FT_Vector& at) {
-    const FS_GlyphContour::Point point = {static_cast<float>(at.x) / scale,
-                                          static_cast<float>(at.y) / scale};
-    info.contours.back().points.push_back(point);
-    info.bounds[0] = std::min(info.bounds[0], point.x);
-    info.bounds[1] = std::min(info.bounds[1], point.y);
-    info.bounds[2] = std::max(info.bounds[2], point.x);
-    info.bounds[3] = std::max(info.bounds[3], point.y);
+    contour_->points.push_back(
+        {static_cast<float>(at.x) / scale_, static_cast<float>(at.y) / scale_});
   }
-  void startBounds(const FT_Vector& at) {
-    info.bounds[0] = info.bounds[2] = static_cast<float>(at.x) / scale;
-    info.bounds[1] = info.bounds[3] = static_cast<float>(at.y) / scale;
+  void finish() { contours_.resize(begun_); }
+
+ private:
+  /// Each point of an outline ends a segment, and may need another one between it and the next.
+  void makeRoom() {
+    const int before = begun_ == 0 ? -1 : outline_.contours[begun_ - 1];
+    const auto points = static_cast<std::size_t>(std::max(outline_.contours[begun_] - before, 0));
+    contour_->segments.reserve(points + 1);
+    contour_->points.reserve(2 * (points + 1));
   }
-  int addSegment(SegmentKind kind, std::initializer_list<const FT_Vector*> points) {
-    info.contours.back().segments.push_back(kind);
-    for (const FT_Vector* point : points) addPoint(*point);
-    return 0;
-  }
+
+  const FT_Outline& outline_;
+  const float scale_;
+  std::vector<FS_GlyphContour>& contours_;
+  std::size_t begun_ = 0;
+  FS_GlyphContour* contour_ = nullptr;
 };
 
 Recorder& recorder(void* user) {
@@ -39,32 +55,64 @@ Recorder& recorder(void* user) {
 }
 
 int moveTo(const FT_Vector* to, void* user) {
-  Recorder& record = recorder(user);
-  if (record.info.contours.empty()) record.startBounds(*to);
-  record.info.contours.emplace_back();
-  record.addPoint(*to);
+  recorder(user).start(*to);
   return 0;
 }
 
 int lineTo(const FT_Vector* to, void* user) {
-  return recorder(user).addSegment(kLine, {to});
+  Recorder& record = recorder(user);
+  record.addSegment(kLine);
+  record.addPoint(*to);
+  return 0;
 }
 
 int conicTo(const FT_Vector* control, const FT_Vector* to, void* user) {
-  return recorder(user).addSegment(kQuadratic, {control, to});
+  Recorder& record = recorder(user);
+  record.addSegment(kQuadratic);
+  record.addPoint(*control);
+  record.addPoint(*to);
+  return 0;
 }
 
 int cubicTo(const FT_Vector* control1, const FT_Vector* control2, const FT_Vector* to, void* user) {
-  return recorder(user).addSegment(kCubic, {control1, control2, to});
+  Recorder& record = recorder(user);
+  record.addSegment(kCubic);
+  record.addPoint(*control1);
+  record.addPoint(*control2);
+  record.addPoint(*to);
+  return 0;
+}
+
+void widen(float* bounds, const FS_GlyphContour& contour) {
+  float least[2] = {bounds[0], bounds[1]};
+  float greatest[2] = {bounds[2], bounds[3]};
+  for (const FS_GlyphContour::Point& point : contour.points) {
+    least[0] = std::min(least[0], point.x);
+    least[1] = std::min(least[1], point.y);
+    greatest[0] = std::max(greatest[0], point.x);
+    greatest[1] = std::max(greatest[1], point.y);
+  }
+  std::copy_n(least, 2, bounds);
+  std::copy_n(greatest, 2, bounds + 2);
+}
+
+/// In walks over the points and not at each of them: the least and greatest stay in registers.
+void findBounds(FS_GlyphDrawInfo& info) {
+  if (info.contours.empty()) return;
+  const FS_GlyphContour::Point& first = info.contours.front().points.front();
+  info.bounds[0] = info.bounds[2] = first.x;
+  info.bounds[1] = info.bounds[3] = first.y;
+  for (const FS_GlyphContour& contour : info.contours) widen(info.bounds, contour);
 }
 
 }  // namespace
 
 void recordOutline(FT_Outline& outline, int scale, FS_GlyphDrawInfo& info) {
   static constexpr FT_Outline_Funcs kCallbacks = {moveTo, lineTo, conicTo, cubicTo, 0, 0};
-  info.contours.clear();
-  Recorder context = {info, static_cast<float>(scale)};
+  Recorder context(outline, scale, info.contours);
   FT_Outline_Decompose(&outline, &kCallbacks, &context);
+  context.finish();
+  findBounds(info);
 }
 
 }  // namespace QXFontService_NS::outline

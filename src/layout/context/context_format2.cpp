@@ -85,6 +85,7 @@ int FS_LayoutTables::TTI_ContextFormat2::matchContext(
   const int secondClass = matcher.classBehind(position);
   if (firstClass == -1 || secondClass == -1) return 0;
   for (const layout::ContextRule& rule : rules_.rulesOf(firstClass, secondClass)) {
+    if (!glyphs.mayWalk()) break;
     if (!matcher.follows(position, rules_.values(rule.input))) continue;
     records = rules_.records(rule);
     return static_cast<int>(records.size());

@@ -1,6 +1,8 @@
 #include "layout/driver/layout_info.h"
 
+#include "layout/gsub/lookups.h"
 #include "layout/gsub/substitutes.h"
+#include "layout/guard/limits.h"
 #include "layout/table/layout_table.h"
 
 namespace QXFontService_NS::layout {
@@ -87,13 +89,12 @@ bool hasGPOSFeature(const FS_GSUBGPOSInfo* info, unsigned int tag) {
 unsigned short verticalSubstitute(const FS_LayoutTables& font, unsigned short glyph) {
   const TTI_Feature* vert = font.gsub->featureList.vert;
   if (vert == nullptr) return kNoGlyph;
+  WorkMeter meter(kMostVerticalSubTables, 0, 0);
   for (const unsigned short index : vert->lookups) {
     const TTI_Lookup* lookup = font.gsub->lookupList.find(index);
-    if (lookup == nullptr || !lookup->starts.contains(glyph)) continue;
-    for (const SubTablePtr& subTable : lookup->subTables) {
-      const unsigned short found = subTable ? subTable->substGlyph(glyph) : kNoGlyph;
-      if (found != kNoGlyph) return found;
-    }
+    const auto found =
+        lookup == nullptr ? GlyphIDClassPair() : lookupSingle(font, *lookup, glyph, meter);
+    if (found.hasGlyph()) return found.glyphID;
   }
   return kNoGlyph;
 }

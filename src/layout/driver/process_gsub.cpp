@@ -43,11 +43,11 @@ class FeatureStep {
     if (lookup == nullptr || !lookup->starts.contains(glyph)) return 0;
     switch (lookup->type) {
       case 1:
-        return replace(lookupSingle(font_, *lookup, glyph));
+        return replace(lookupSingle(font_, *lookup, glyph, meter_));
       case 2:
         return expand(*lookup, glyph);
       case 3:
-        return replace(lookupAlternate(font_, *lookup, glyph, alternate_));
+        return replace(lookupAlternate(font_, *lookup, glyph, alternate_, meter_));
       case 4:
         return join(*lookup);
       case 5:
@@ -72,7 +72,7 @@ class FeatureStep {
 
   int expand(const TTI_Lookup& lookup, unsigned short glyph) {
     GlyphIDArray sequence;
-    if (!lookupMultiple(font_, lookup, glyph, sequence) || sequence.empty()) return 0;
+    if (!lookupMultiple(font_, lookup, glyph, sequence, meter_) || sequence.empty()) return 0;
     ++position_;
     output_ = sequence;
     return output_.size();
@@ -93,6 +93,7 @@ class FeatureStep {
     const int answer = contexts.apply(lookup, glyphs_, position_, skipped);
     if (!contexts.matched()) return 0;
     const int size = contexts.output().size();
+    static_cast<void>(meter_.compare(size));  // a feature may have many rules without effect
     std::vector<GlyphIDClassPair> made = contexts.output().front(size);
     const int count = std::min(answer, size);
     if (count != 0) giveSkipped(skipped);

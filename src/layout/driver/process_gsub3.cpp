@@ -29,7 +29,8 @@ bool applyLookupPass(const FS_GSUBGPOSInfo& info, const TTI_Lookup& lookup,
                      const GlyphIDArray2& input, GlyphIDArray2& output, int alternate) {
   startFrom(input, output);
   PassArrays arrays(output, GlyphRecordAccess::words(input));
-  LookupPass pass(*info.font, info.gsub->lookupList, alternate, arrays);
+  LookupPass pass(*info.font, info.gsub->lookupList, alternate, arrays,
+                  WorkMeter::forPass(arrays.size()));
   const bool changed = pass.run(lookup);
   arrays.release(output);
   return changed;

@@ -38,6 +38,8 @@ unsigned PositionRun::sumOfMoves(int first, int end) {
     sumFirst_ = sumEnd_ = first;
     sum_ = 0;
   }
+  // Counted behind the search that found `first`: the next one fails, never half a sum.
+  static_cast<void>(spend(end - sumEnd_));
   for (; sumEnd_ < end; ++sumEnd_) sum_ += static_cast<unsigned>((*this)[sumEnd_].getMoveX());
   return sum_;
 }

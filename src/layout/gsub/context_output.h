@@ -46,6 +46,7 @@ class ContextOutput {
   void hold(int i);
   void holdOneMore();
   void count(int copied);
+  void countShift(int moved);
 
   const GlyphSequence* glyphs_ = nullptr;
   State state_;

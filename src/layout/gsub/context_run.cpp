@@ -13,6 +13,17 @@ constexpr unsigned kChainContext = 6;
 /// Outcomes are kept only while small: a rule may point far from its match.
 constexpr std::size_t kMostHeldInOutcome = 64;
 
+/// A table that grew large once is let go: emptying it takes time by its size, at each match.
+template <class Table>
+void empty(Table& table) {
+  constexpr std::size_t kMostBucketsKept = 4096;
+  if (table.bucket_count() > kMostBucketsKept) {
+    table = Table();
+  } else if (!table.empty()) {
+    table.clear();
+  }
+}
+
 bool isContextual(const TTI_Lookup& lookup) {
   return lookup.type == kContext || lookup.type == kChainContext;
 }
@@ -29,8 +40,8 @@ int ContextRun::apply(const TTI_Lookup& lookup, const GlyphSequence& glyphs, int
   matched_ = enter(lookup, position);
   if (!matched_) return 0;
   const int result = runToEnd();
-  if (!active_.empty()) active_.clear();
-  if (!outcomes_.empty()) outcomes_.clear();
+  empty(active_);
+  empty(outcomes_);
   position = position_;
   return result;
 }
@@ -44,6 +55,7 @@ ContextRun::Place ContextRun::placeOf(const TTI_Lookup& lookup, int position) co
 int ContextRun::match(const TTI_Lookup& lookup, int position, Records& records) {
   if (!lookup.starts.contains((*glyphs_)[position].glyphID)) return 0;
   for (const SubTablePtr& subTable : lookup.subTables) {
+    if (!glyphs_->spend(1)) return 0;
     if (!subTable) continue;
     passedInMatch_.clear();
     const int count =
@@ -96,11 +108,23 @@ void ContextRun::runRecord(const TTI_SubstLookupRecord& record) {
   absorb(runSimple(*nested));
 }
 
-/// Sequence indices count unskipped glyphs: what the match recorded as passed over shifts them.
+/// Sequence indices count unskipped glyphs: what the match recorded as passed over shifts them, by
+/// one for each place up to the one that they lead to then. The places ascend, so that their number
+/// is found by halving.
 int ContextRun::placeOfRecord(const Frame& frame, int sequenceIndex) const {
-  int place = frame.start + sequenceIndex;
-  for (std::size_t i = frame.passedFrom; i < passed_.size() && passed_[i] <= place; ++i) ++place;
-  return place;
+  const int place = frame.start + sequenceIndex;
+  std::size_t low = frame.passedFrom;
+  std::size_t high = passed_.size();
+  const auto before = [&frame](std::size_t i) { return static_cast<int>(i - frame.passedFrom); };
+  while (low < high) {
+    const std::size_t mid = (low + high) / 2;
+    if (passed_[mid] <= place + before(mid)) {
+      low = mid + 1;
+    } else {
+      high = mid;
+    }
+  }
+  return place + before(low);
 }
 
 /// Begins a nested contextual lookup, or settles it at once.
@@ -178,11 +202,13 @@ int ContextRun::runSimple(const TTI_Lookup& lookup) {
   const unsigned short glyph = (*glyphs_)[position_].glyphID;
   switch (lookup.type) {
     case 1:
-      return writeOne(lookupSingle(font_, lookup, glyph));
+      return writeOne(lookupSingle(font_, lookup, glyph, glyphs_->meter()));
     case 2:
-      return lookupMultiple(font_, lookup, glyph, sequence_) ? writeSequence(sequence_) : 0;
+      return lookupMultiple(font_, lookup, glyph, sequence_, glyphs_->meter())
+                 ? writeSequence(sequence_)
+                 : 0;
     case 3:
-      return writeOne(lookupAlternate(font_, lookup, glyph, kFirstAlternate));
+      return writeOne(lookupAlternate(font_, lookup, glyph, kFirstAlternate, glyphs_->meter()));
     case 4:
       return writeLigature(lookup);
     default:
@@ -197,7 +223,8 @@ int ContextRun::writeOne(const GlyphIDClassPair& pair) {
 }
 
 int ContextRun::writeSequence(const GlyphIDArray& sequence) {
-  if (sequence.empty()) return 0;
+  if (sequence.empty() || !glyphs_->spend(sequence.size())) return 0;
+  if (!glyphs_->meter().mayGrowTo(output_.size())) return 0;
   const int first = position_++;
   output_.set(first, sequence[0]);
   for (int k = 1; k < sequence.size(); ++k) output_.insert(first + k, sequence[k]);

@@ -49,8 +49,10 @@ unsigned short Ligatures::ligatureGlyph(const FS_LayoutTables& font,
   if (position >= glyphs.size()) return layout::kNoGlyph;
   const int index = coverageIndexOf(glyphs[position].glyphID);
   if (index < 0 || static_cast<std::size_t>(index) >= sets_.size()) return layout::kNoGlyph;
+  const int left = glyphs.size() - position;
   for (const Ligature& ligature : sets_[static_cast<std::size_t>(index)].of(ligatures_)) {
-    if (ligature.componentCount > glyphs.size() - position) continue;
+    if (!glyphs.spend(1)) break;
+    if (ligature.componentCount > left) continue;
     if (!matches(font, glyphs, position, flag, ligature, skipped)) continue;
     position += static_cast<int>(skipped.size()) + ligature.componentCount;
     return ligature.glyph;
@@ -61,7 +63,6 @@ unsigned short Ligatures::ligatureGlyph(const FS_LayoutTables& font,
 bool Ligatures::matches(const FS_LayoutTables& font, const layout::GlyphSequence& glyphs,
                         int position, unsigned int flag, const Ligature& ligature,
                         std::vector<int>& skipped) const {
-  if (!glyphs.mayWalk()) return false;
   skipped.clear();
   int next = position + 1;
   bool equal = true;

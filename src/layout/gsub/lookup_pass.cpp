@@ -3,30 +3,28 @@
 #include <algorithm>
 
 #include "layout/gsub/lookups.h"
-#include "layout/guard/limits.h"
 #include "layout/records/glyph_record_access.h"
 
 namespace QXFontService_NS::layout {
 
 LookupPass::LookupPass(const FS_LayoutTables& font, const TTI_LookupList& lookups, int alternate,
-                       PassArrays& arrays)
+                       PassArrays& arrays, const WorkMeter& meter)
     : font_(font),
       alternate_(alternate),
       arrays_(arrays),
-      meter_(WorkMeter::forPass(arrays.size())),
-      contexts_(font, lookups),
-      mostGlyphs_(std::max(kMostGrownGlyphs, kGrowthPerGlyph * arrays.size())) {}
+      meter_(meter),
+      contexts_(font, lookups) {}
 
 bool LookupPass::run(const TTI_Lookup& lookup) {
   switch (lookup.type) {
     case 1:
-      return replaceEach(lookup,
-                         [&](unsigned short glyph) { return lookupSingle(font_, lookup, glyph); });
+      return replaceEach(
+          lookup, [&](unsigned short glyph) { return lookupSingle(font_, lookup, glyph, meter_); });
     case 2:
       return expandEach(lookup);
     case 3:
       return replaceEach(lookup, [&](unsigned short glyph) {
-        return lookupAlternate(font_, lookup, glyph, alternate_);
+        return lookupAlternate(font_, lookup, glyph, alternate_, meter_);
       });
     case 4:
       return joinEach(lookup);
@@ -40,16 +38,8 @@ bool LookupPass::run(const TTI_Lookup& lookup) {
   }
 }
 
-/// Whether a lookup is to be asked at a place. The mask is read in any case: a place it does not
-/// have ends the pass.
-bool LookupPass::mayBegin(const TTI_Lookup& lookup, int i) const {
-  return arrays_.isFree(i) && lookup.starts.contains(arrays_.glyph(i).glyphID);
-}
-
 bool LookupPass::hasGrownTooLong() const {
-  if (arrays_.size() <= mostGlyphs_) return false;
-  noteSpent(spentBudgets().growth);
-  return true;
+  return !meter_.mayGrowTo(arrays_.size());
 }
 
 template <class Find>
@@ -70,7 +60,8 @@ bool LookupPass::expandEach(const TTI_Lookup& lookup) {
   GlyphIDArray sequence;
   for (int i = 0; i < arrays_.size() && !hasGrownTooLong(); ++i) {
     if (!mayBegin(lookup, i)) continue;
-    if (!lookupMultiple(font_, lookup, arrays_.glyph(i).glyphID, sequence) || sequence.empty())
+    if (!lookupMultiple(font_, lookup, arrays_.glyph(i).glyphID, sequence, meter_) ||
+        sequence.empty())
       continue;
     i = expand(i, sequence);
     changed = true;
@@ -125,7 +116,8 @@ bool LookupPass::contextEach(const TTI_Lookup& lookup) {
     const int answer = contexts_.apply(lookup, glyphs, end, skipped_);
     if (answer == 0) continue;
     const int count = std::min(answer, contexts_.output().size());
-    if (count <= 0) continue;
+    // A rule may point far from its match, so that much is replaced that was never compared.
+    if (count <= 0 || !meter_.compare(std::int64_t{count} + (end - i))) continue;
     i = replaceInContext(i, end, lookup, contexts_.output().front(count));
     changed = true;
   }
@@ -164,11 +156,19 @@ int LookupPass::replaceAll(int i, int end, const std::vector<GlyphIDClassPair>& 
   const unsigned short first = arrays_.glyph(i).glyphID;
   arrays_.eraseGlyphs(i, end);
   arrays_.insertGlyphs(i, made);
-  if (i + 1 < end) arrays_.mergePlaces(arrays_.holderOf(i), i + 1, end);
+  if (i + 1 < end) mergeIntoHolder(i, end);
   const auto last = std::find_if(made.rbegin(), made.rend(), [first](const GlyphIDClassPair& pair) {
     return pair.glyphID == first;
   });
   return static_cast<int>(made.rend() - last);
+}
+
+/// Counts go to the glyph that holds the count of `i`: after a long expansion it stands far back,
+/// and the way there is counted like comparisons.
+void LookupPass::mergeIntoHolder(int i, int end) {
+  const int holder = arrays_.holderOf(i);
+  static_cast<void>(meter_.compare(i - holder));
+  arrays_.mergePlaces(holder, i + 1, end);
 }
 
 bool LookupPass::reverseEach(const TTI_Lookup& lookup) {

@@ -12,8 +12,9 @@ namespace QXFontService_NS::layout {
 class LookupPass {
  public:
   /// @param alternate which alternate a type 3 lookup takes, from 1
+  /// @param meter what the pass may spend; mostly `WorkMeter::forPass`
   LookupPass(const FS_LayoutTables& font, const TTI_LookupList& lookups, int alternate,
-             PassArrays& arrays);
+             PassArrays& arrays, const WorkMeter& meter);
 
   /// Runs a lookup of the list; one of a type outside 1 to 6 and 8 does nothing.
   ///
@@ -33,8 +34,13 @@ class LookupPass {
                        const std::vector<GlyphIDClassPair>& made);
   void replaceBesideSkipped(int i, int end, const std::vector<GlyphIDClassPair>& made);
   int replaceAll(int i, int end, const std::vector<GlyphIDClassPair>& made);
+  void mergeIntoHolder(int i, int end);
   bool reverseEach(const TTI_Lookup& lookup);
-  [[nodiscard]] bool mayBegin(const TTI_Lookup& lookup, int i) const;
+  /// Whether a lookup is to be asked at a place. The mask is read in any case: a place it does not
+  /// have ends the pass.
+  [[nodiscard]] bool mayBegin(const TTI_Lookup& lookup, int i) const {
+    return arrays_.isFree(i) && lookup.starts.contains(arrays_.glyph(i).glyphID);
+  }
   [[nodiscard]] bool hasGrownTooLong() const;
 
   const FS_LayoutTables& font_;
@@ -42,7 +48,6 @@ class LookupPass {
   PassArrays& arrays_;
   WorkMeter meter_;
   ContextRun contexts_;
-  std::int64_t mostGlyphs_;
   std::vector<int> skipped_;
 };
 

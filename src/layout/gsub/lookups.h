@@ -12,13 +12,13 @@ namespace QXFontService_NS::layout {
 
 // What a lookup answers at one glyph: the first answer of its subtables below 0xFFFF, with the
 // `GDEF` class of the new glyph. No hit is a pair without a glyph, (0xFFFF, -1). A null subtable is
-// passed by.
+// passed by. Each subtable asked counts as a comparison: once they are spent, nothing is hit.
 
 GlyphIDClassPair lookupSingle(const FS_LayoutTables& font, const TTI_Lookup& lookup,
-                              unsigned short glyph);
+                              unsigned short glyph, WorkMeter& meter);
 /// @param number which alternate, from 1; below it nothing is hit
 GlyphIDClassPair lookupAlternate(const FS_LayoutTables& font, const TTI_Lookup& lookup,
-                                 unsigned short glyph, int number);
+                                 unsigned short glyph, int number, WorkMeter& meter);
 /// On a hit `position` comes to rest behind the last component, and `skipped` holds the places
 /// passed over.
 GlyphIDClassPair lookupLigature(const FS_LayoutTables& font, const TTI_Lookup& lookup,
@@ -29,6 +29,6 @@ GlyphIDClassPair lookupReverse(const FS_LayoutTables& font, const TTI_Lookup& lo
 /// Whether a subtable covers `glyph`; `output` then holds its sequence, which may be empty: callers
 /// take that for no hit. The first subtable that covers it decides.
 bool lookupMultiple(const FS_LayoutTables& font, const TTI_Lookup& lookup, unsigned short glyph,
-                    GlyphIDArray& output);
+                    GlyphIDArray& output, WorkMeter& meter);
 
 }  // namespace QXFontService_NS::layout

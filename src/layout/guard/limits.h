@@ -14,10 +14,14 @@ inline constexpr std::int64_t kMostNestedRuns = 65'536;
 /// The same for a pass over a whole array: this many for each glyph, if that is more.
 inline constexpr std::int64_t kNestedRunsPerGlyph = 4'096;
 
-/// Glyph comparisons in a call, and more for each glyph: about half a second. Long runs of the
-/// most context-heavy fonts, Nastaliq ones, stay below 2^24.
+/// Glyph comparisons in a call, and more for each glyph: about half a second. What takes as long as
+/// one counts as one: a subtable that is asked, a glyph that is copied, a move that is summed up.
+/// Long runs of the most context-heavy fonts, Nastaliq ones, stay below 2^24.
 inline constexpr std::int64_t kMostComparisons = std::int64_t{1} << 28;
 inline constexpr std::int64_t kComparisonsPerGlyph = 4'096;
+
+/// Subtables that are asked for the vertical form of a glyph: as many as one lookup may have.
+inline constexpr std::int64_t kMostVerticalSubTables = 65'535;
 
 /// How deep lookups may nest, if the sequence is no longer than this: rules that advance by one
 /// glyph a level are sound, so a longer sequence allows its own length.

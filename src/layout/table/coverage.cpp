@@ -4,6 +4,29 @@
 
 namespace QXFontService_NS {
 
+namespace {
+
+layout::GlyphDigest digestOf(const std::vector<unsigned short>& glyphs) {
+  layout::GlyphDigest digest;
+  for (const unsigned short glyph : glyphs) digest.add(glyph);
+  return digest;
+}
+
+layout::GlyphDigest digestOf(
+    const std::vector<FS_LayoutTables::TTI_CoverageFormat2::Range>& ranges) {
+  layout::GlyphDigest digest;
+  for (const auto& range : ranges) digest.addRange(range.start, range.end);
+  return digest;
+}
+
+}  // namespace
+
+FS_LayoutTables::TTI_CoverageFormat1::TTI_CoverageFormat1(std::vector<unsigned short> glyphs)
+    : TTI_Coverage(digestOf(glyphs)), glyphs_(std::move(glyphs)) {}
+
+FS_LayoutTables::TTI_CoverageFormat2::TTI_CoverageFormat2(std::vector<Range> ranges)
+    : TTI_Coverage(digestOf(ranges)), ranges_(std::move(ranges)) {}
+
 // The halving is written out, with the middle of [low, high): for an unsorted table it decides
 // which of its glyphs are covered.
 

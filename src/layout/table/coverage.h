@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "layout/table/glyph_digest.h"
 #include "layout/table/glyph_set.h"
 #include "layout/table/layout_tables.h"
 
@@ -14,18 +15,29 @@ namespace QXFontService_NS {
 class FS_LayoutTables::TTI_Coverage {
  public:
   virtual ~TTI_Coverage() = default;
+  /// Whether a glyph may have a coverage index; false is certain, and told without a search.
+  [[nodiscard]] bool mayCover(unsigned short glyph) const { return digest_.mayHold(glyph); }
   /// The coverage index of a glyph, or -1.
   virtual int coverageIndex(unsigned short glyph) const = 0;
   /// Adds to `glyphs` at least every glyph that has a coverage index.
   virtual void addTo(layout::GlyphSet& glyphs) const = 0;
   /// How many steps `addTo` takes.
   virtual std::size_t stepsToAdd() const = 0;
+
+ protected:
+  /// @param digest holds every glyph that has a coverage index.
+  explicit TTI_Coverage(const layout::GlyphDigest& digest) : digest_(digest) {}
+  TTI_Coverage(const TTI_Coverage&) = default;
+  TTI_Coverage& operator=(const TTI_Coverage&) = default;
+
+ private:
+  layout::GlyphDigest digest_;
 };
 
 /// Coverage as a sorted list of glyphs.
 class FS_LayoutTables::TTI_CoverageFormat1 final : public TTI_Coverage {
  public:
-  explicit TTI_CoverageFormat1(std::vector<unsigned short> glyphs) : glyphs_(std::move(glyphs)) {}
+  explicit TTI_CoverageFormat1(std::vector<unsigned short> glyphs);
   int coverageIndex(unsigned short glyph) const override;
   void addTo(layout::GlyphSet& glyphs) const override;
   std::size_t stepsToAdd() const override;
@@ -40,7 +52,7 @@ class FS_LayoutTables::TTI_CoverageFormat2 final : public TTI_Coverage {
   struct Range {
     unsigned short start, end, startCoverageIndex;
   };
-  explicit TTI_CoverageFormat2(std::vector<Range> ranges) : ranges_(std::move(ranges)) {}
+  explicit TTI_CoverageFormat2(std::vector<Range> ranges);
   int coverageIndex(unsigned short glyph) const override;
   void addTo(layout::GlyphSet& glyphs) const override;
   std::size_t stepsToAdd() const override;
@@ -61,7 +73,7 @@ CoveragePtr readCoverage(GraphReader& reader, std::uint64_t base, unsigned offse
 
 /// The coverage index of a glyph; -1 where there is no coverage table: it covers nothing.
 inline int indexIn(const CoveragePtr& coverage, unsigned short glyph) {
-  return coverage ? coverage->coverageIndex(glyph) : -1;
+  return coverage && coverage->mayCover(glyph) ? coverage->coverageIndex(glyph) : -1;
 }
 
 }  // namespace layout

@@ -14,8 +14,8 @@ FS_LayoutTables::TTI_LangSys::Features FS_LayoutTables::TTI_LangSys::featuresOf(
   const auto first =
       std::lower_bound(featuresByTag.begin(), featuresByTag.end(), tag,
                        [](const auto& entry, unsigned t) { return entry.first < t; });
-  const auto last = std::upper_bound(first, featuresByTag.end(), tag,
-                                     [](unsigned t, const auto& entry) { return t < entry.first; });
+  const auto last = std::find_if(first, featuresByTag.end(),
+                                 [tag](const auto& entry) { return entry.first != tag; });
   return {first, last};
 }
 
@@ -27,6 +27,9 @@ class LangSysFiller {
  public:
   LangSysFiller(TTI_LangSys& langSys, GraphReader& reader) : langSys_(langSys), reader_(reader) {}
 
+  /// Counts an index that names no feature: it takes time, if no place. False once the system is
+  /// full.
+  bool passOver() { return mayGrow(); }
   /// Enters a feature with its lookups, or as many as may still be. A lookup index is entered as
   /// it stands, whether or not there is such a lookup. False once the system is full.
   bool add(const TTI_Feature& feature) {
@@ -80,15 +83,17 @@ class ScriptReader {
     if (const unsigned byDefault = reader_.u16(at); byDefault != 0)
       enter(*script, 0, at + byDefault);
     const std::size_t count = reader_.countThatFits(at + 4, reader_.u16(at + 2), 6);
-    for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < count && !reader_.spent(); ++i) {
       const std::uint64_t record = at + 4 + 6 * i;
       enter(*script, reader_.u32(record), at + reader_.u16(record + 4));
     }
     return script;
   }
 
+  /// Charged also where the tag is there already: scripts that overlap could otherwise name one
+  /// language billions of times.
   void enter(TTI_Script& script, unsigned tag, std::uint64_t at) {
-    if (script.langSys.contains(tag) || !reader_.charge(kMapEntry)) return;
+    if (!reader_.charge(kMapEntry) || script.langSys.contains(tag)) return;
     script.langSys.emplace(tag, langSys(at));
   }
 
@@ -104,7 +109,7 @@ class ScriptReader {
     const std::size_t count = reader_.countThatFits(at + 6, langSys->featureCount, 2);
     for (std::size_t i = 0; i < count; ++i) {
       const unsigned index = reader_.u16(at + 6 + 2 * i);
-      if (index < features_.size() && !filler.add(features_[index])) break;
+      if (!(index < features_.size() ? filler.add(features_[index]) : filler.passOver())) break;
     }
     sortEntries(*langSys);
     return langSys;

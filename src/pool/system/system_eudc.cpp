@@ -3,6 +3,7 @@
 #include <unicode/locid.h>
 #include <unicode/uchar.h>
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <vector>
@@ -39,17 +40,29 @@ QXUri resolved(const UnicodeString& fontFolder, const UnicodeString& file) {
   return QXUri(QXUri(fontFolder, QXCommonNS::URISTR_FOLDER), file, QXCommonNS::URISTR_USER);
 }
 
-/// A hexadecimal number at `at`, which is left behind it; overlong ones saturate.
+int hexDigit(char16_t unit) {
+  return unit < 0x80 ? u_digit(unit, 16) : -1;
+}
+
+bool isHexPrefix(const UnicodeString& text, int at) {
+  return text.charAt(at) == u'0' && (text.charAt(at + 1) | 0x20) == u'x' &&
+         hexDigit(text.charAt(at + 2)) >= 0;
+}
+
+/// The C library's `wcstol` of base 16, which the system reads this value with: white space, a
+/// sign, "0x" and digits; without digits 0, and `at` stays. Overlong numbers saturate.
 std::int64_t hexNumber(const UnicodeString& text, int& at) {
+  int next = at;
+  while (u_isspace(text.charAt(next)) != 0) ++next;
+  const bool negative = text.charAt(next) == u'-';
+  if (negative || text.charAt(next) == u'+') ++next;
+  if (isHexPrefix(text, next)) next += 2;
   std::int64_t number = 0;
-  while (at < text.length() && u_isspace(text.charAt(at)) != 0) ++at;
-  for (; at < text.length(); ++at) {
-    const int digit = u_digit(text.charAt(at), 16);
-    if (digit < 0) break;
-    number = number * 16 + digit;
-    if (number > kBeyondAnyCode) number = kBeyondAnyCode;
+  for (int digit = hexDigit(text.charAt(next)); digit >= 0; digit = hexDigit(text.charAt(next))) {
+    number = std::min(number * 16 + digit, kBeyondAnyCode);
+    at = ++next;
   }
-  return number;
+  return negative ? -number : number;
 }
 
 void readDefault(ServiceSettings& settings, const UnicodeString& fontFolder) {
@@ -65,8 +78,7 @@ void readDefault(ServiceSettings& settings, const UnicodeString& fontFolder) {
 void readRange(ServiceSettings& settings) {
   UnicodeString text;
   if (!registryTextValue(RegistryRoot::localMachine, kRangeKey, kRangeValue, text)) return;
-  addEudcRanges(text, settings.eudcSet);
-  settings.eudcRangeConfigured = true;
+  settings.eudcRangeConfigured = addEudcRanges(text, settings.eudcSet);
 }
 
 void readFamilies(ServiceSettings& settings, const UnicodeString& fontFolder,
@@ -98,7 +110,8 @@ void readSystemEudc(ServiceSettings& settings, const UnicodeString& fontFolder) 
   for (const char* codePage : kFamilyCodePages) readFamilies(settings, fontFolder, codePage);
 }
 
-void addEudcRanges(const UnicodeString& text, EudcSet& set) {
+bool addEudcRanges(const UnicodeString& text, EudcSet& set) {
+  bool any = false;
   QXTokenizer tokens(text, QXTokenizer::TOKENIZER_DEFAULT);
   for (UnicodeString piece = tokens.nextSeparatedValue(u','); !piece.isEmpty();
        piece = tokens.nextSeparatedValue(u',')) {
@@ -108,7 +121,9 @@ void addEudcRanges(const UnicodeString& text, EudcSet& set) {
     ++at;
     const std::int64_t last = hexNumber(piece, at);
     set.add(first, last < first ? first : last);  // the first one is set in any case
+    any = true;
   }
+  return any;
 }
 
 }  // namespace QXFontService_NS

@@ -15,7 +15,9 @@ const char* eudcCodePage();
 /// configured one. Failures end their own step silently.
 void readSystemEudc(ServiceSettings& settings, const UnicodeString& fontFolder);
 
-/// Reads a text of hexadecimal ranges, "E000-E0FF,E200-E2FF", up to the first empty piece.
-void addEudcRanges(const UnicodeString& text, EudcSet& set);
+/// Reads a text of hexadecimal ranges, "E000-E0FF,E200-E2FF", up to the first empty piece; a piece
+/// without a hyphen behind its first number is passed over. False when none was a range: then the
+/// private use area stays the default.
+bool addEudcRanges(const UnicodeString& text, EudcSet& set);
 
 }  // namespace QXFontService_NS

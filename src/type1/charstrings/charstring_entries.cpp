@@ -10,6 +10,7 @@ namespace {
 constexpr std::string_view kSpaces = " ";
 constexpr std::string_view kSpacesAndLineEnds = " \r\n";
 constexpr int kNoCode = -1;
+constexpr std::size_t kLongestString = 65535;  // of PostScript, and so of a charstring
 
 /// A code of the standard encoding; whatever else a charstring holds names no glyph.
 int codeOf(const QXValue& value) {
@@ -20,6 +21,7 @@ int codeOf(const QXValue& value) {
 /// The codes of the parts behind a charstring that ends in an accent: bchar and achar stand before
 /// `seac`.
 bool readSeac(std::string_view charString, CharStringEntry& entry) {
+  if (charString.size() > kLongestString) return false;
   std::vector<QXValue> tokens;
   const int seac = readCharStringTokens(std::string(charString), tokens, false);
   if (seac < 2) return false;

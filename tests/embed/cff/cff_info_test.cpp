@@ -208,6 +208,35 @@ TEST(CffInfo, EncodingOutsideTheStreamFails) {
   }
 }
 
+// Bytes that would read as an encoding stand before the table; an offset leads nowhere else.
+TEST(CffInfo, NegativeEncodingOffsetIsNoPlaceBeforeTheTable) {
+  CffBuilder font = nameKeyed();
+  font.top.number(-4).op(16);
+  std::istringstream stream(bytesOf({0, 1, 65, 0}) + font.build());
+  FS_CFFInfo info;
+  EXPECT_FALSE(info.readCFF(stream, 4));
+  EXPECT_TRUE(info.encodingCodes.empty());
+}
+
+// The Top DICT value keeps the last operand of `Encoding`, while the codes are found by the first.
+TEST(CffInfo, EncodingIsFoundByTheFirstOperand) {
+  CffBuilder font = nameKeyed();
+  font.top.number(1).number(0).op(16);
+  FS_CFFInfo info;
+  ASSERT_TRUE(read(font.build(), info));
+  EXPECT_EQ(info.topInteger(Keyword::kEncoding), 0);
+  EXPECT_EQ(info.encodingCodes, (std::vector<unsigned char>{4, 0, 1, 1}));
+}
+
+TEST(CffInfo, EncodingOfCountZeroGivesNoCodes) {
+  CffBuilder font = nameKeyed();
+  font.encoding = bytesOf({0, 0});
+  FS_CFFInfo info;
+  ASSERT_TRUE(read(font.build(), info));
+  EXPECT_TRUE(info.encodingCodes.empty());
+  EXPECT_EQ(info.topInteger(Keyword::kEncoding), static_cast<int>(font.at("Encoding")));
+}
+
 TEST(CffInfo, PredefinedCharsetsLeaveTheMapsEmpty) {
   for (int charset : {0, 1, 2}) {
     CffBuilder font = nameKeyed();
@@ -219,6 +248,47 @@ TEST(CffInfo, PredefinedCharsetsLeaveTheMapsEmpty) {
     EXPECT_EQ(info.getGIDFromCID(0), 0xFFFF);
     EXPECT_EQ(info.getGIDFromCID(34), 0xFFFF);
   }
+}
+
+// Three is the first charset number that is an offset: here the last byte of the header is a
+// format, and the Name INDEX gives the SIDs.
+TEST(CffInfo, CharsetThreeIsAnOffset) {
+  CffBuilder font = nameKeyed();
+  font.charset.clear();
+  font.predefinedCharset = 3;
+  font.header = bytesOf({1, 0, 4, 0});
+  FS_CFFInfo info;
+  ASSERT_TRUE(read(font.build(), info));
+  EXPECT_EQ(info.charsetSIDs, (std::vector<unsigned short>{0x0001, 0x0101, 0x0554}));
+  font.header = bytesOf({1, 0, 4, 3});
+  FS_CFFInfo other;
+  EXPECT_FALSE(read(font.build(), other));
+}
+
+TEST(CffInfo, NegativeCharsetOffsetIsNoPlaceBeforeTheTable) {
+  CffBuilder font = nameKeyed();
+  font.charset.clear();
+  font.top.number(-8).op(15);
+  std::istringstream stream(bytesOf({0, 0, 34, 0, 35, 0, 36, 0}) + font.build());
+  FS_CFFInfo info;
+  EXPECT_FALSE(info.readCFF(stream, 8));
+  EXPECT_TRUE(info.charsetSIDs.empty());
+}
+
+// Three bytes are read for the glyph count as for the head of any INDEX, though two would do.
+TEST(CffInfo, GlyphCountNeedsAThirdByte) {
+  CffBuilder font = nameKeyed();
+  font.writeCharStrings = false;
+  const auto end = static_cast<int>(nameKeyed().build().size() + 40);
+  font.top.number(end, qxtest::DictForm::fourBytes).op(17);
+  std::string table = font.build();
+  table.resize(static_cast<std::size_t>(end), '\0');
+  table += bytesOf({0, 4});
+  FS_CFFInfo info;
+  EXPECT_FALSE(read(table, info));
+  FS_CFFInfo whole;
+  ASSERT_TRUE(read(table + '\1', whole));
+  EXPECT_EQ(whole.charsetSIDs.size(), 3u);
 }
 
 TEST(CffInfo, CharsetAbsentOrPredefinedNeedsNoCharStrings) {

@@ -173,6 +173,8 @@ TEST(DictEntries, TruthIsAWord) {
   EXPECT_EQ(wordOf(DictBuilder().entry(0x0C0E, 1)), Keyword::kTrue);
   EXPECT_EQ(wordOf(DictBuilder().entry(0x0C0E, -3)), Keyword::kTrue);
   EXPECT_EQ(wordOf(DictBuilder().real("0.0").op(0x0C0E)), Keyword::kFalse);
+  EXPECT_EQ(wordOf(DictBuilder().real("0.5").op(0x0C0E)), Keyword::kTrue);
+  EXPECT_EQ(wordOf(DictBuilder().number(1).number(0).op(0x0C0E)), Keyword::kFalse);
   EXPECT_EQ(keywordOf(itemOf(parse(DictBuilder().entry(0x0C01, 0), kTopDictEntries),
                              Keyword::kIsFixedPitch)),
             Keyword::kFalse);

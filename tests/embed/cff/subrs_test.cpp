@@ -112,6 +112,13 @@ TEST(PrivateDict, RefusesNoTableNoSizeAndShortReads) {
   EXPECT_TRUE(readPrivateDict({&stream, 0, 0}, 0, 2, map));
 }
 
+TEST(PrivateDict, NegativeOffsetIsNoPlaceBeforeTheTable) {
+  std::istringstream stream("\x8B\x0A" + std::string("rest"));
+  QXValue map;
+  EXPECT_FALSE(readPrivateDict({&stream, 2, 4}, -2, 2, map));
+  EXPECT_TRUE(readPrivateDict({&stream, 0, 6}, 0, 2, map));
+}
+
 TEST(LocalSubrsOf, AreReadAtTheirOffsetFromThePrivateDict) {
   CffBuilder font = fontWith({"s"}, {});
   font.privates = {privateOf(500, {"ab", "c"})};

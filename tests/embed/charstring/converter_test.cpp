@@ -242,6 +242,8 @@ TEST(CharStringFlex, Hflex1ReturnsToTheHeightOfItsStart) {
       "50 131 200 0 callsubr";
   EXPECT_EQ(convert("100 200 rmoveto 1 2 3 4 5 6 7 8 9 hflex1"),
             "0 500 hsbw 100 200 rmoveto " + expected);
+  EXPECT_EQ(convert("100 200 rmoveto 77 1 2 3 4 5 6 7 8 9 hflex1"),
+            "0 500 hsbw 100 200 rmoveto " + expected);
   EXPECT_EQ(path("1 2 3 4 5 6 7 8 hflex1"), "false");
 }
 

@@ -112,6 +112,25 @@ TEST(FlatDecoder, CallClearsTheDepth) {
   EXPECT_EQ(text.substr(text.find("hstemhm")), "hstemhm hintmask endchar");
 }
 
+// So are those that a subroutine leaves: its `return` is a keyword as well. Kept.
+TEST(FlatDecoder, ReturnClearsTheDepth) {
+  CharStringBuilder numbers;
+  for (int i = 0; i < 18; ++i) numbers.number(1);
+  const FS_CFFStrings local = {numbers.op(11).str()};
+  const std::string text =
+      decode(CharStringBuilder().call(10, 0, 1).op(18).op(19).raw("\x0E\x0E").op(21), {}, local);
+  EXPECT_EQ(text.substr(text.find("hstemhm")), "hstemhm hintmask endchar");
+}
+
+// The number before another operator is not that of a call.
+TEST(FlatDecoder, CallWithoutANumberRunsNothing) {
+  const FS_CFFStrings local(1, CharStringBuilder().number(7).str());
+  EXPECT_EQ(decode(CharStringBuilder().number(-107).op(22).op(10).op(14), {}, local),
+            "-107 hmoveto callsubr endchar");
+  EXPECT_EQ(decode(CharStringBuilder().number(-107).op(22).op(29).op(14), local),
+            "-107 hmoveto callgsubr endchar");
+}
+
 TEST(FlatDecoder, CountersGoOnFromWhatTheyHold) {
   FS_CharStringTokens tokens;
   int stackDepth = 2;

@@ -54,6 +54,17 @@ TEST(Type2Interpreter, OtherOperatorsPushNothingAndLeaveTheirOperands) {
         << code;
 }
 
+// The operands stay, but no longer count as stems: one stem and one mask byte, not nine and two.
+TEST(Type2Interpreter, OperatorsThatPushNothingResetTheDepth) {
+  for (unsigned code : {0u, 16u, 0x0C00u, 0x0C14u, 0x0C1Eu}) {
+    CharStringBuilder bytes;
+    for (int i = 0; i < 16; ++i) bytes.number(1);
+    const std::string text =
+        interpret(bytes.op(code).numbers({5, 6}).op(18).op(19).raw("\x80\x8C"));
+    EXPECT_EQ(text.substr(text.find("5 6")), "5 6 hstemhm hintmask 1 128 1") << code;
+  }
+}
+
 TEST(Type2Interpreter, FixedNumbersAreReals) {
   EXPECT_EQ(interpret(CharStringBuilder().fixed(0x00018000).fixed(0x00020000).op(21)),
             "1.5 2.0 rmoveto");
@@ -71,6 +82,14 @@ TEST(Type2Interpreter, BadCallVanishesWithItsNumber) {
   EXPECT_EQ(interpret(CharStringBuilder().numbers({1, 2, 50}).op(10).op(21), {}, local),
             "1 2 rmoveto");
   EXPECT_EQ(interpret(CharStringBuilder().numbers({1, -108}).op(29).op(22)), "1 hmoveto");
+}
+
+// 17 operands and the number of a subroutine that is not there: eight stems and not nine.
+TEST(Type2Interpreter, NumberOfACallIsNoStemOperand) {
+  CharStringBuilder bytes;
+  for (int i = 0; i < 17; ++i) bytes.number(1);
+  const std::string text = interpret(bytes.number(500).op(10).op(18).op(19).raw("\x80\x8C"));
+  EXPECT_EQ(text.substr(text.find("hstemhm")), "hstemhm hintmask 1 128 1");
 }
 
 TEST(Type2Interpreter, CallWithoutANumberIsPassedOver) {
@@ -145,6 +164,7 @@ std::string applied(const std::string& line) {
 TEST(Type2Arithmetic, GivesTheResultsOfTheTable) {
   const std::vector<ArithmeticCase> cases = {
       {"9 2 3 and", "9 1"},
+      {"1 2 and", "1"},  // no bits in common
       {"2 0 and", "0"},
       {"0 2 and", "0"},
       {"0 0 or", "0"},
@@ -167,6 +187,7 @@ TEST(Type2Arithmetic, GivesTheResultsOfTheTable) {
       {"3 4 exch", "4 3"},
       {"3 dup", "3 3"},
       {"9 sqrt", "3.0"},
+      {"1 sqrt", "1.0"},
       {"0 sqrt", "0.0"},
       {"-4 sqrt", "0.0"},
       {"10 20 2 1 ifelse", "10"},
@@ -184,6 +205,9 @@ TEST(Type2Arithmetic, WorksOnIntegerValuesAndPushesIntegers) {
   EXPECT_EQ(applied("10 20 1.7 1.2 ifelse"), "20");
   EXPECT_EQ(applied("10.5 20 2 1 ifelse"), "10");
   EXPECT_EQ(applied("-2.5 abs"), "2");
+  EXPECT_EQ(applied("0.9 0.9 or"), "0");
+  EXPECT_EQ(applied("0.9 sqrt"), "0.0");
+  EXPECT_EQ(applied("4.9 sqrt"), "2.0");
 }
 
 TEST(Type2Arithmetic, MovesTokensInTheirKinds) {

@@ -56,6 +56,23 @@ TEST(CidLayout, BlockHasAbsoluteOffsetsAndClosingEntries) {
             bytesOf({1, 0, 9, 0, 0, 10, 0, 0, 12}) + "abc" + bytesOf({0, 16, 0, 20}) + "wxyz");
 }
 
+// Two bytes of a Font DICT index, three of a charstring offset, three of a Subr offset.
+TEST(CidLayout, WideFieldsAreBigEndian) {
+  PackedCharStrings charStrings{std::string(5000, 'c'), {0, 4999, 5000}};
+  PackedCharStrings subrs{std::string(70000, 's'), {0, 70000}};
+  const CidLayout layout = layOut(charStrings, subrs, 257);
+  EXPECT_EQ(layout.fdBytes, 2u);
+  EXPECT_EQ(layout.gdBytes, 3u);
+  EXPECT_EQ(layout.sdBytes, 3u);
+  const std::string block = cidBlock(layout, charStrings, subrs, {255, 1});
+  // 15 bytes of map, 5,000 of charstrings, 6 of map, 70,000 of Subrs.
+  EXPECT_EQ(block.substr(0, 15),
+            bytesOf({0, 255, 0, 0, 15, 0, 1, 0, 0x13, 0x96, 0, 0, 0, 0x13, 0x97}));
+  EXPECT_EQ(block.substr(15, 5000), charStrings.bytes);
+  EXPECT_EQ(block.substr(5015, 6), bytesOf({0, 0x13, 0x9D, 1, 0x25, 0x0D}));
+  EXPECT_EQ(block.substr(5021), subrs.bytes);
+}
+
 TEST(CidLayout, HexBreaksEvery32Bytes) {
   EXPECT_EQ(hexLines(""), "");
   EXPECT_EQ(hexLines(bytesOf({0x00, 0xAB, 0xFF})), "00abff");

@@ -114,6 +114,8 @@ TEST(CidPrologueText, PrivateLinesAreWrittenLetterForLetter) {
       {DictBuilder().entry(0x0C0E, 0), "/ForceBold false def\n"},
       {DictBuilder().entry(0x0C11, 0), "/LanguageGroup 0 def\n"},
       {DictBuilder().entry(0x0C11, 1), "/LanguageGroup 1 def\n/RndStemUp false def\n"},
+      {DictBuilder().real("1.5").op(0x0C11), "/LanguageGroup 1.5 def\n/RndStemUp false def\n"},
+      {DictBuilder().entry(0x0C11, 2), "/LanguageGroup 2 def\n"},
       {DictBuilder().real("0.06").op(0x0C12), "/ExpansionFactor 0.06 def\n"},
       {DictBuilder().entry(0x0C13, 5).entry(19, 5).entry(20, 5).entry(21, 5), ""},
   };

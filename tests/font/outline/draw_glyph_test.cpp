@@ -134,6 +134,24 @@ TEST(DrawGlyphRecord, AnEmptyGlyphIsValidAndLeavesTheBounds) {
   EXPECT_EQ(info.bounds[3], 9.0F);
 }
 
+TEST(DrawGlyphRecord, UsedAgainTellsTheSameAsAFreshOne) {
+  const OpenFace face(1000);
+  FS_GlyphDrawInfo used;
+  used.contours.resize(3);
+  for (FS_GlyphContour& contour : used.contours) contour = {{1, 2, 0}, {{-9, -9}, {9999, 9999}}};
+  constexpr unsigned short kGlyphs[] = {1, 2, 1, 0, 2};
+  for (const unsigned short gid : kGlyphs) {
+    FS_GlyphDrawInfo fresh;
+    ASSERT_TRUE(drawGlyph(face.get(), gid, used, false));
+    ASSERT_TRUE(drawGlyph(face.get(), gid, fresh, false));
+    ASSERT_EQ(used.contours.size(), fresh.contours.size()) << gid;
+    for (std::size_t i = 0; i < fresh.contours.size(); ++i)
+      expectEqualContour(used.contours[i], fresh.contours[i]);
+    if (fresh.contours.empty()) continue;
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(used.bounds[i], fresh.bounds[i]) << gid;
+  }
+}
+
 TEST(DrawGlyphRecord, AVerticalGlyphHasTheVerticalLayout) {
   const OpenFace face(1000);
   const OpenFace other(1000);

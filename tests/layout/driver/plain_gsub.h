@@ -104,10 +104,11 @@ class PlainGsub {
 
   bool expandEach(const Lookup& lookup) {
     bool changed = false;
+    auto meter = QXFontService_NS::layout::WorkMeter::forPass(glyphs_.size());
     for (int i = 0; i < glyphs_.size(); ++i) {
       Array made;
       if (maskAt(i) != 0) continue;
-      if (!QXFontService_NS::layout::lookupMultiple(font_, lookup, glyphs_[i].glyphID, made))
+      if (!QXFontService_NS::layout::lookupMultiple(font_, lookup, glyphs_[i].glyphID, made, meter))
         continue;
       if (made.empty()) continue;
       glyphs_[i] = made[0];
@@ -263,20 +264,20 @@ class PlainGsub {
     if (lookup == nullptr) return 0;
     const int old = position;
     const unsigned short glyph = glyphs[old].glyphID;
+    auto meter = layout::WorkMeter::forPass(glyphs.size());
     Array made;
     switch (lookup->type) {
       case 1:
-        return one(layout::lookupSingle(font_, *lookup, glyph), position, output);
+        return one(layout::lookupSingle(font_, *lookup, glyph, meter), position, output);
       case 2:
-        if (!layout::lookupMultiple(font_, *lookup, glyph, made) || made.empty()) return 0;
+        if (!layout::lookupMultiple(font_, *lookup, glyph, made, meter) || made.empty()) return 0;
         put(output, old, made[0]);
         ++position;
         for (int k = 1; k < made.size(); ++k) output.insert(old + k, made[k]);
         return made.size();
       case 3:
-        return one(layout::lookupAlternate(font_, *lookup, glyph, 1), position, output);
+        return one(layout::lookupAlternate(font_, *lookup, glyph, 1, meter), position, output);
       case 4: {
-        auto meter = layout::WorkMeter::forPass(glyphs.size());
         const Pair pair =
             layout::lookupLigature(font_, *lookup, {glyphs, meter}, position, skipped);
         if (!pair.hasGlyph()) return 0;

@@ -35,6 +35,23 @@ TEST(Gdef, GlyphFFFFHasNoClassEvenWhereTheTableListsIt) {
   EXPECT_EQ(font.markAttachClass(0xFFFF), -1);
 }
 
+// A font of few glyphs holds its classes side by side, one of many glyphs searches the table.
+TEST(Gdef, TheClassesAreThoseOfTheTableHoweverManyGlyphsTheFontHas) {
+  const std::string table = qxtest::classDefOfRanges(
+      {{10, 20, 1}, {40, 50, 3}, {30, 35, 2}, {60, 60, 200}, {61, 61, 0xFFFF}, {99, 120, 4}});
+  qxtest::TestFont few(100);
+  qxtest::TestFont many(0xFFFF);
+  readGDEF(few, viewOf(gdefTable(table, "")));
+  readGDEF(many, viewOf(gdefTable(table, "")));
+  for (unsigned glyph = 0; glyph <= 0xFFFF; ++glyph) {
+    const auto id = static_cast<unsigned short>(glyph);
+    ASSERT_EQ(few.glyphClass(id), many.glyphClass(id)) << glyph;
+  }
+  EXPECT_EQ(few.glyphClass(45), GCD_MARK);
+  EXPECT_EQ(static_cast<int>(few.glyphClass(60)), 200);
+  EXPECT_EQ(few.glyphClass(100), GCD_COMPONENT);
+}
+
 TEST(Gdef, WithoutClassTablesTheAnswerIsMinusThree) {
   qxtest::TestFont font;
   EXPECT_EQ(font.glyphClass(5), GCD_NO_TABLE);

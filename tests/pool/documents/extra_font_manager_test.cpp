@@ -132,6 +132,74 @@ TEST_F(ExtraFontManager, ContentTypesOfWebFontsGoBeforeTheExtension) {
   EXPECT_EQ(error.getErrorCode(), 1932);
 }
 
+/// Kept: a hint leaves it to name and bytes, and those tell no web font.
+TEST_F(ExtraFontManager, ContentTypesCountForNoOtherTypeThanNone) {
+  const UnicodeString uri = UnicodeString::fromUTF8("data:font/woff;base64," + base64(webFont()));
+  for (const auto hint : {FS_FILETYPE_HINT_BYTES, FS_FILETYPE_HINT_BYTES2, FS_FILETYPE_HINT_PFM,
+                          FS_FILETYPE_HINT_TRUETYPE}) {
+    EXPECT_EQ(append(uri, u"One", hint), -1);
+    EXPECT_NE(error.getErrorCode(), 0);
+  }
+  EXPECT_EQ(append(uri, u"One", FS_FILETYPE_WOFF), 0);
+}
+
+TEST_F(ExtraFontManager, ContentTypesAreComparedWithoutCaseAndParameters) {
+  int number = 0;
+  for (const char* type : {"FONT/WOFF", "font/woff;charset=x", "Application/Font-Woff"}) {
+    const std::string uri = std::string("data:") + type + ";base64," + base64(webFont());
+    EXPECT_EQ(append(UnicodeString::fromUTF8(uri), u"One"), number++) << type << failure();
+  }
+}
+
+TEST_F(ExtraFontManager, TheSameDataAreTheSameFont) {
+  const UnicodeString uri = UnicodeString::fromUTF8("data:font/woff;base64," + base64(webFont()));
+  EXPECT_EQ(append(uri, u"One"), 0);
+  EXPECT_EQ(append(uri, u"Two"), 0);
+  EXPECT_EQ(*manager.getExtraFontFamilies(0), (Names{u"One", u"Two"}));
+}
+
+TEST_F(ExtraFontManager, BrokenDataCannotBeOpened) {
+  for (const char* uri : {"data:", "data:font/woff;base64", "data:font/woff;base64,d09G*",
+                          "data:font/woff;base64,d09GR", "data:font/woff;base64,d0=G"}) {
+    EXPECT_EQ(append(uri, u"One"), -1) << uri;
+    EXPECT_EQ(error.getErrorCode(), 1931) << uri;
+  }
+  EXPECT_EQ(append("data:font/woff,", u"One"), -1);
+  EXPECT_EQ(error.getErrorCode(), 1921) << "there is something, and it is empty";
+  EXPECT_EQ(manager.getFontsCount(), 0);
+}
+
+TEST_F(ExtraFontManager, DataCutAnywhereAreAFailureThatIsTold) {
+  const std::string whole = "data:font/woff;base64," + base64(webFont());
+  for (std::size_t size = 0; size < whole.size(); size += size < 100 ? 1 : 7) {
+    EXPECT_EQ(append(UnicodeString::fromUTF8(whole.substr(0, size)), u"One"), -1) << size;
+    EXPECT_NE(error.getErrorCode(), 0) << size;
+  }
+  EXPECT_EQ(manager.getFontsCount(), 0);
+  EXPECT_EQ(append(UnicodeString::fromUTF8(whole), u"One"), 0);
+}
+
+TEST_F(ExtraFontManager, AFileCutAnywhereIsAFailureThatIsTold) {
+  const std::string whole = webFont();
+  const std::size_t padding = 3;  // at the most, behind the last table: nobody misses it
+  for (std::size_t size = 0; size + padding < whole.size(); size += size < 300 ? 1 : 5) {
+    world.file("/d/cut.woff", whole.substr(0, size));
+    EXPECT_EQ(append(u"/d/cut.woff", u"One"), -1) << size;
+    EXPECT_NE(error.getErrorCode(), 0) << size;
+  }
+  EXPECT_EQ(world.openStreams(), 0U);
+}
+
+TEST_F(ExtraFontManager, WhatIsNoFileCannotBeOpened) {
+  world.folder("/d/folder.woff");
+  EXPECT_EQ(append(u"/d/folder.woff", u"One"), -1);
+  EXPECT_EQ(failure(), "1931 Cannot open font-face font.\n/d/folder.woff");
+  EXPECT_EQ(append(u"", u"One"), -1);
+  EXPECT_EQ(error.getErrorCode(), 1931);
+  EXPECT_EQ(append(u"unknown:scheme", u"One"), -1);
+  EXPECT_EQ(error.getErrorCode(), 1931);
+}
+
 TEST_F(ExtraFontManager, ATypeThatIsGivenGoesBeforeContentAndExtension) {
   world.file("/d/a.ttf", webFont()).file("/d/b.woff", fontNamed(u"B").build());
   EXPECT_EQ(append(u"/d/a.ttf", u"One", FS_FILETYPE_WOFF), 0) << failure();

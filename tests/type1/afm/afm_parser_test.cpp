@@ -141,6 +141,26 @@ TEST(AfmParser, kernPairs) {
             (std::map<std::pair<int, int>, float>{{{'A', 'V'}, -80.0F}, {{'V', 'A'}, 12.0F}}));
 }
 
+TEST(AfmParser, aSectionThatStoredNoPairMayBeFollowedByAnother) {
+  EXPECT_EQ(failureOf("StartKernData\nStartKernPairs 0\nEndKernPairs\nStartKernPairs 1\n"), "");
+  EXPECT_EQ(failureOf("StartKernData\nStartKernPairs 1\nKPX A V 1\nEndKernPairs\n"
+                      "StartKernPairs 1\n"),
+            "in line #5 : StartKernPairs");
+}
+
+TEST(AfmParser, moreLinesOfPairsThanPromisedCount) {
+  EXPECT_EQ(
+      metricsOf("StartKernData\nStartKernPairs 0\nKPX A V 1\nKPX V A 1\nEndKernPairs\n").kernCount,
+      2);
+}
+
+TEST(AfmParser, numbersAtExtremes) {
+  EXPECT_EQ(metricOf("C 99999999999 ; WX 99999999999 ; N A ;").code, 2147483647);
+  EXPECT_EQ(failureOf("StartCharMetrics 99999999999\nC 1 ;\nEndCharMetrics\n"), "");
+  EXPECT_EQ(failureOf("StartKernData\nStartKernPairs 99999999999\n"), "");
+  EXPECT_EQ(metricsOf("CapHeight 1e999\n").capHeight, 3.402823466e+38F);
+}
+
 TEST(AfmParser, pairsNeedNoSection) {
   EXPECT_EQ(metricsOf("KPX A V -80\n").kernPairs.size(), 1u);
   EXPECT_EQ(metricsOf("KPX A V -80\n").kernCount, 0);

@@ -86,6 +86,48 @@ TEST(RewriteCharStrings, anAccentWhosePartIsMissing) {
             "2 dict dup begin: .notdef Agrave");
 }
 
+TEST(RewriteCharStrings, aCharStringLongerThanAnyStringIsCopiedButHasNoParts) {
+  const std::string accent = qxtest::type1Accent(60, 65, 193);
+  const auto fontOf = [&](std::size_t length) {
+    Type1Builder font;
+    font.glyph(".notdef", kBox).glyph("A", kBox).glyph("grave", kBox);
+    return font.glyph("Agrave", accent + std::string(length - 4 - accent.size(), '\x0E'));
+  };
+  const Names names({{200, "Agrave"}});
+  EXPECT_EQ(subset(fontOf(65535).privatePart(), {200}, names),
+            "4 dict dup begin: .notdef A grave Agrave");
+  EXPECT_EQ(subset(fontOf(65536).privatePart(), {200}, names), "2 dict dup begin: .notdef Agrave");
+}
+
+TEST(RewriteCharStrings, aCountBeyondAllNumbersIsACapToo) {
+  EXPECT_EQ(subset(letters().count("99999999999999999999").privatePart(), {'B'}),
+            "2 dict dup begin: .notdef B");
+}
+
+TEST(RewriteCharStrings, codesFrom128AreNotNegative) {
+  EXPECT_EQ(subset(letters().privatePart(), {255}, Names({{255, "B"}})),
+            "2 dict dup begin: .notdef B");
+}
+
+TEST(RewriteCharStrings, aFirstEntryIsFoundAsAPart) {
+  // Entries count from 1, so that 0 is free to mean none.
+  Type1Builder font;
+  font.glyph("A", kBox).glyph("grave", kBox).glyph("Agrave", qxtest::type1Accent(60, 65, 193));
+  EXPECT_EQ(subset(font.privatePart(), {200}, Names({{200, "Agrave"}})),
+            "3 dict dup begin: A grave Agrave");
+}
+
+TEST(RewriteCharStrings, cutAnywhereItEndsAndInventsNothing) {
+  const std::string plain = letters().privatePart();
+  for (std::size_t size = 0; size < plain.size(); ++size) {
+    std::string output;
+    const Names names;
+    const std::vector<unsigned char> codes{'B'};
+    rewriteCharStrings(plain.substr(0, size), output, WantedCodes{codes, &names});
+    EXPECT_LE(output.size(), size + 20);
+  }
+}
+
 TEST(RewriteCharStrings, withoutCodesAllGlyphsGo) {
   const std::string plain = letters().privatePart();
   std::string output;

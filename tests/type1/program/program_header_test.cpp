@@ -102,6 +102,17 @@ TEST(PfbHeader, failures) {
             "1928 /FontBBox 1 2 3 4 def");
 }
 
+TEST(PfbHeader, theLastEncodingCounts) {
+  const ProgramHeader header = pfbOf("/Encoding ISOLatin1Encoding def\n/Encoding 256 array\n");
+  EXPECT_EQ(header.encodingName, "");
+  EXPECT_TRUE(header.standardEncoding);
+  EXPECT_FALSE(header.customEncoding);
+}
+
+TEST(PfbHeader, textBehindAZeroDoesNotCount) {
+  EXPECT_EQ(pfbOf(std::string("/FullName (A) def\n\0/FullName (B) def\n", 37)).fullName, "A");
+}
+
 TEST(PfaHeader, onlyBareKeysCount) {
   ProgramHeader header;
   EXPECT_EQ(pfa(qxtest::Type1Builder().header("/Weight (Bold) def").pfa(), header), "");

@@ -135,6 +135,8 @@ void Service::addDocument(const DocumentFont& font) {
       unicode(absolutePath(font.file)), fs::FS_FILETYPE_UNKNOWN, unicode(family), font.style.weight,
       font.style.italic ? 1 : -1, &error);
   if (number < 0) throw ToolError(Status::badFont, oneLine(error.getErrorMessage()));
+  if (error.getErrorCode() != fs::FS_ERROR_NONE)
+    fmt::print(stderr, "qxfont: {}\n", oneLine(error.getErrorMessage()));
   if (manager_.getExtraFontFaceName(number, nullptr, nullptr, nullptr, nullptr) !=
       fs::FS_FILETYPE_WOFF) {
     fmt::print(stderr, "qxfont: {} is no web font: it is listed, but no name finds it\n",

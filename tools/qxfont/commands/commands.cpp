@@ -10,6 +10,7 @@ void addCommands(CLI::App& app, Chosen& chosen) {
   addGlyphsCommand(app, chosen);
   addFeaturesCommand(app, chosen);
   addShapeCommand(app, chosen);
+  addOutlineCommand(app, chosen);
   addEmbedCommand(app, chosen);
   addTypesetCommand(app, chosen);
   addScanCommand(app, chosen);

@@ -18,6 +18,7 @@ void addDumpCommand(CLI::App& app, Chosen& chosen);
 void addGlyphsCommand(CLI::App& app, Chosen& chosen);
 void addFeaturesCommand(CLI::App& app, Chosen& chosen);
 void addShapeCommand(CLI::App& app, Chosen& chosen);
+void addOutlineCommand(CLI::App& app, Chosen& chosen);
 void addEmbedCommand(CLI::App& app, Chosen& chosen);
 void addTypesetCommand(CLI::App& app, Chosen& chosen);
 void addScanCommand(CLI::App& app, Chosen& chosen);

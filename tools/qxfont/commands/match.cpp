@@ -85,8 +85,13 @@ Json reportJson(const MatchReport& report, bool explain) {
   return json;
 }
 
+/// A document's font has no name but the one that the document declares.
+std::string nameOf(const MatchFace& face) {
+  return shown(face.postScriptName.isEmpty() ? face.family : face.postScriptName);
+}
+
 std::string faceText(const MatchFace& face) {
-  return fmt::format("{} (weight {}{}, width {})", shown(face.postScriptName), face.weight,
+  return fmt::format("{} (weight {}{}, width {})", nameOf(face), face.weight,
                      face.italic ? ", italic" : "", face.stretch);
 }
 
@@ -96,7 +101,7 @@ void printFilled(const MatchReport& report) {
              report.filled.size());
   for (const FilledSlot& slot : report.filled) {
     fmt::print("           {}{} -> {}\n", slot.weight, slot.italic ? " italic" : "",
-               shown(slot.face.postScriptName));
+               nameOf(slot.face));
   }
 }
 

@@ -19,10 +19,14 @@
 #include "qxfont/cli/text.h"
 #include "qxfont/commands/commands.h"
 #include "qxfont/embed/rights.h"
+#include "qxfont/html/html_document.h"
+#include "qxfont/html/html_page.h"
+#include "qxfont/html/web_font.h"
 #include "qxfont/pdf/embedded_font.h"
 #include "qxfont/pdf/page_content.h"
 #include "qxfont/pdf/pdf_document.h"
 #include "qxfont/postscript/ps_document.h"
+#include "qxfont/svg/svg_document.h"
 #include "qxfont/typeset/page.h"
 #include "qxfont/typeset/page_size.h"
 #include "qxfont/typeset/shaper.h"
@@ -47,20 +51,25 @@ struct TypesetOptions {
 
 /// What the command line and the text ask for, before any font is looked at.
 struct Request {
+  std::string title;
   PageSize page;
   std::vector<FontStyle> styles;
   std::vector<Paragraph> paragraphs;
   std::string date;
 };
 
-enum class Kind { pdf, postScript };
+enum class Kind { pdf, postScript, html, svg };
 
 Kind kindOf(const std::string& out) {
   const std::string extension = std::filesystem::path(out).extension();
   if (extension == ".pdf") return Kind::pdf;
   if (extension == ".ps") return Kind::postScript;
-  throw ToolError(Status::wrongCall,
-                  "typeset writes PDF and PostScript, and this is no .pdf and no .ps: " + out);
+  if (extension == ".html") return Kind::html;
+  if (extension == ".svg") return Kind::svg;
+  throw ToolError(
+      Status::wrongCall,
+      "typeset writes PDF, PostScript, HTML and SVG, and this is no .pdf, .ps, .html or .svg: " +
+          out);
 }
 
 Request readRequest(const TypesetOptions& options) {
@@ -70,6 +79,7 @@ Request readRequest(const TypesetOptions& options) {
                     fmt::format("the size {} is not from 1 to 1000 points", options.size));
   }
   Request request;
+  request.title = std::filesystem::path(options.file).stem();
   request.page = pageSizeOf(options.page);
   for (const std::string& font : options.fonts) request.styles.push_back(parseFontStyle(font));
   request.paragraphs = readSourceText(readTextFile(options.file), options.file, options.size);
@@ -151,9 +161,58 @@ Output writePostScript(const Request& request, const std::vector<Page>& pages,
   return out;
 }
 
+Output writeHtml(const Request& request, const std::vector<Page>& pages,
+                 std::vector<UsedGlyphs>& used, const FontSet& fonts) {
+  HtmlDocument document;
+  Output out;
+  document.title = request.title;
+  document.generator = kProducer;
+  document.width = request.page.width;
+  document.height = request.page.height;
+  for (const UsedGlyphs& one : used) {
+    document.webFonts.push_back(webFontOf(fonts, one, pages));
+    out.fonts.push_back({"woff", document.webFonts.back().size()});
+  }
+  for (const Page& page : pages) document.pages.push_back(htmlPage(page, request.page, used));
+  out.bytes = htmlBytes(document);
+  return out;
+}
+
+Output writeSvg(const Request& request, const std::vector<Page>& pages,
+                std::vector<UsedGlyphs>& used, const FontSet& fonts) {
+  SvgDocument document;
+  Output out;
+  document.title = request.title;
+  document.page = request.page;
+  for (const UsedGlyphs& one : used) {
+    document.fonts.push_back(svgFont(fonts.font(one.face), one, document.fonts.size()));
+    out.fonts.push_back({"outlines", document.fonts.back().definitions.size()});
+  }
+  for (const Page& page : pages)
+    document.pages.push_back(svgPage(page, request.page, used, document.fonts));
+  out.bytes = svgBytes(document);
+  return out;
+}
+
+using Writer = Output (*)(const Request&, const std::vector<Page>&, std::vector<UsedGlyphs>&,
+                          const FontSet&);
+
+Writer writerOf(Kind kind) {
+  switch (kind) {
+    case Kind::html:
+      return writeHtml;
+    case Kind::postScript:
+      return writePostScript;
+    case Kind::svg:
+      return writeSvg;
+    default:
+      return writePdf;
+  }
+}
+
 Json fontJson(const fs::FS_FontInfo& font, const UsedGlyphs& used, const Output::Font& written) {
   Json json;
-  json["family"] = utf8(font.getFamilyName(fs::QXLang::LANGID_DEFAULT));
+  json["family"] = utf8(font.getFamilyNameEx());
   json["postscript_name"] = utf8(font.getPostScriptName(fs::QXLang::LANGID_DEFAULT));
   json["file"] = utf8(font.getFontFileName().getLocalPath(true));
   json["form"] = written.form;
@@ -180,7 +239,9 @@ void printText(const std::string& out, const Json& summary) {
   fmt::print("{}: {} {}\n", shown(out), pages, pages == 1 ? "page" : "pages");
   TextTable table({"font", "glyphs", "bytes", "file"});
   for (const Json& font : summary["fonts"]) {
-    table.add({font["postscript_name"], font["glyphs"].dump(), font["bytes"].dump(), font["file"]});
+    const Json& name = font["postscript_name"];
+    table.add({name == "" ? font["family"] : name, font["glyphs"].dump(), font["bytes"].dump(),
+               font["file"]});
   }
   table.print();
 }
@@ -221,8 +282,7 @@ void typeset(const TypesetOptions& options) {
   for (const UsedGlyphs& one : used) {
     if (!options.allowRestricted) requireRights(fonts.font(one.face), true);
   }
-  const auto write = kindOf(options.out) == Kind::pdf ? writePdf : writePostScript;
-  const Output output = write(request, builder.pages(), used, fonts);
+  const Output output = writerOf(kindOf(options.out))(request, builder.pages(), used, fonts);
   const Json summary = summaryOf(builder, used, fonts, output);
   OutputFiles files;
   files.add(options.out, output.bytes);
@@ -240,7 +300,8 @@ void typeset(const TypesetOptions& options) {
 
 void addTypesetCommand(CLI::App& app, Chosen& chosen) {
   auto options = std::make_shared<TypesetOptions>();
-  CLI::App* command = app.add_subcommand("typeset", "Sets a UTF-8 text as PDF or PostScript");
+  CLI::App* command =
+      app.add_subcommand("typeset", "Sets a UTF-8 text as PDF, PostScript, HTML or SVG");
   command
       ->add_option("FILE", options->file, "the text; a line \"#font STYLE [SIZE]\" changes fonts")
       ->required();
@@ -252,7 +313,7 @@ void addTypesetCommand(CLI::App& app, Chosen& chosen) {
       ->required();
   command->add_option("--size", options->size, "points (12)");
   command->add_option("--page", options->page, "one of " + pageSizeNames());
-  command->add_option("-o,--output", options->out, "the .pdf or .ps file to write")
+  command->add_option("-o,--output", options->out, "the .pdf, .ps, .html or .svg file to write")
       ->type_name("FILE")
       ->required();
   command->add_flag("--allow-restricted", options->allowRestricted,

@@ -21,14 +21,19 @@ std::string reasonOf(const QXFontService_NS::FS_FontInfo& font, bool part) {
   return {};
 }
 
+/// A document's font is called as the document declares it.
+std::string nameOf(const QXFontService_NS::FS_FontInfo& font) {
+  const auto name = font.getFullFontName(QXFontService_NS::QXLang::LANGID_DEFAULT);
+  return utf8(name.isEmpty() ? font.getFamilyNameEx() : name);
+}
+
 }  // namespace
 
 void requireRights(const QXFontService_NS::FS_FontInfo& font, bool part) {
   const std::string reason = reasonOf(font, part);
   if (reason.empty()) return;
   throw ToolError(Status::notAllowed,
-                  fmt::format("{} in {} may not be embedded: {}",
-                              utf8(font.getFullFontName(QXFontService_NS::QXLang::LANGID_DEFAULT)),
+                  fmt::format("{} in {} may not be embedded: {}", nameOf(font),
                               utf8(font.getFontFileName().getLocalPath(true)), reason),
                   "--allow-restricted goes on, for those who have the right");
 }

@@ -96,8 +96,8 @@ bool isBareCff(const std::string& fontFile) {
 }
 
 std::string nameOf(const fs::FS_FontInfo& font) {
-  for (const auto& name : {font.getPostScriptName(fs::QXLang::LANGID_DEFAULT),
-                           font.getFamilyName(fs::QXLang::LANGID_DEFAULT)}) {
+  for (const auto& name :
+       {font.getPostScriptName(fs::QXLang::LANGID_DEFAULT), font.getFamilyNameEx()}) {
     const std::string usable = pdfName(utf8(name));
     if (!usable.empty()) return usable;
   }

@@ -45,6 +45,24 @@ double widthOf(const std::vector<Glyph>& glyphs, double size) {
   return width;
 }
 
+bool continues(const LineRun& last, const LineRun& next) {
+  return last.face == next.face && last.missing == next.missing && last.level == next.level;
+}
+
+/// What of the runs stands on a line, cut where the level changes, whatever the scripts are.
+std::vector<LineRun> runsIn(const std::vector<Run>& runs, const LineRange& line, const Bidi& bidi) {
+  std::vector<LineRun> part;
+  for (const Run& run : runs) {
+    for (int at = std::max(run.begin, line.begin); at < std::min(run.end, line.end); ++at) {
+      const int begin = at - line.begin;
+      const LineRun one{begin, begin + 1, run.face, run.missing, bidi.levelAt(at)};
+      if (part.empty() || !continues(part.back(), one)) part.push_back(one);
+      part.back().end = one.end;
+    }
+  }
+  return part;
+}
+
 }  // namespace
 
 PageBuilder::PageBuilder(PageSize size, const FontSet& fonts, const Shaper& shaper)
@@ -57,17 +75,20 @@ PageBuilder::PageBuilder(PageSize size, const FontSet& fonts, const Shaper& shap
 void PageBuilder::add(const Paragraph& paragraph, std::size_t style) {
   const Bidi bidi(paragraph.text);
   std::vector<Glyph> glyphs;
-  for (const Run& run : itemize(paragraph.text, bidi, style, fonts_, missing_)) {
-    shaper_.shape(paragraph.text, run, glyphs);
-  }
+  const auto runs = itemize(paragraph.text, bidi, style, fonts_, missing_);
+  for (const Run& run : runs) shaper_.shape(paragraph.text, run, glyphs);
   const double width = size_.width * (1 - 2 * kMargin);
   const auto advances = advancesOf(glyphs, paragraph.text.length(), paragraph.size);
   for (const LineRange& range : breakLines(paragraph.text, advances, width)) {
     PlacedLine line;
     line.size = paragraph.size;
     line.glyphs = glyphsIn(glyphs, range, bidi);
+    line.text = paragraph.text.tempSubStringBetween(range.begin, range.end);
+    line.runs = runsIn(runs, range, bidi);
+    line.width = widthOf(line.glyphs, paragraph.size);
+    line.rightToLeft = bidi.isRightToLeft();
     line.x = kMargin * size_.width;
-    if (bidi.isRightToLeft()) line.x += width - widthOf(line.glyphs, paragraph.size);
+    if (line.rightToLeft) line.x += width - line.width;
     place(std::move(line));
   }
   gap_ = kParagraphGap * paragraph.size;
