@@ -16,6 +16,7 @@ extern const Target kGlyphList;
 extern const Target kGpos;
 extern const Target kGsub;
 extern const Target kNames;
+extern const Target kOutline;
 extern const Target kPfm;
 extern const Target kProgram;
 extern const Target kSfnt;
@@ -26,9 +27,10 @@ extern const Target kXml;
 
 const std::vector<Target>& targets() {
   static const std::vector<Target> all = {
-      kAfm,     kCff,  kCharstrings,      kCmap,    kCollections, kConfig, kEexec,
-      kGdef,    kGlyf, kGlyphList,        kGpos,    kGsub,        kNames,  kPfm,
-      kProgram, kSfnt, kType1Charstrings, kWebFont, kWoff,        kXml};
+      kAfm,     kCff,     kCharstrings, kCmap,      kCollections, kConfig,
+      kEexec,   kGdef,    kGlyf,        kGlyphList, kGpos,        kGsub,
+      kNames,   kOutline, kPfm,         kProgram,   kSfnt,        kType1Charstrings,
+      kWebFont, kWoff,    kXml};
   return all;
 }
 
