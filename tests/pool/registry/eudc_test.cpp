@@ -176,7 +176,8 @@ TEST_F(Eudc, APostScriptNameOf00GivesWayToTheFamily) {
 
 TEST_F(Eudc, ALinkedFontIsNotOpened) {
   world.file("/f/a.ttf", namedFont(u"Fam"));
-  world.file("/e/g.ttf", sampleFont().without("cmap").table("name", NameBuilder().latin(u"G").build()).build());
+  world.file("/e/g.ttf",
+             sampleFont().without("cmap").table("name", NameBuilder().latin(u"G").build()).build());
   open(mapping(link("Fam", "/e/g.ttf")));
   EXPECT_EQ(linked(u"Fam"), icu::UnicodeString(u"Fam-RegularG-Regular"));
   EXPECT_TRUE(errors().empty());
