@@ -212,6 +212,18 @@ class CallTest(QxfontTest):
         self.assertEqual(result.err, "1 warning, see qxfont doctor\n")
         result.json()
 
+    def test_a_path_needs_none_of_the_systems_fonts(self):
+        os.mkdir(self.path("fonts"))
+        self.write("fonts/cut.ttf", b"\0\1\0\0")
+        shutil.copy(LATO_REGULAR, self.path("fonts/whole.ttf"))
+        system = {"FONTCONFIG_FILE": self.write(
+            "fonts.conf", f"<fontconfig><dir>{self.path('fonts')}</dir></fontconfig>")}
+        told = "1 warning, see qxfont doctor\n"
+        self.assertEqual(self.run_tool("info", "Lato", **system).err, told)
+        self.assertEqual(self.run_tool("info", "fonts/whole.ttf", **system).err, "")
+        self.assertEqual(self.run_tool("info", "fonts/whole.ttf", "--add", "fonts", **system).err,
+                         told)
+
     def test_arguments_come_before_fonts_fonts_before_rights_rights_before_the_target(self):
         locked = set_fs_type(2, LATO_REGULAR, self.path("locked.ttf"))
         nowhere = "/no/such/folder/out.ttf"

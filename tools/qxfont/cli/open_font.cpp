@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <filesystem>
-#include <system_error>
 #include <utility>
 
 #include "qxfontservice/ext/open_file.h"
@@ -75,11 +74,6 @@ OpenFont& OpenFont::operator=(OpenFont&& other) noexcept {
   std::swap(info_, other.info_);
   std::swap(owned_, other.owned_);
   return *this;
-}
-
-bool isPath(const std::string& font) {
-  std::error_code ignored;
-  return font.find('/') != std::string::npos || std::filesystem::is_regular_file(font, ignored);
 }
 
 void checkFontOptions(const FontOptions& options) {

@@ -27,9 +27,6 @@ class OpenFont {
   bool owned_ = false;
 };
 
-/// Whether a FONT argument is a path: it holds a slash, or a file of that name is there.
-bool isPath(const std::string& font);
-
 /// Looks at the options alone, before the service is opened.
 /// @throws ToolError `wrongCall`.
 void checkFontOptions(const FontOptions& options);

@@ -17,4 +17,9 @@ QXCommonNS::QXUri uriOfPath(const std::string& path) {
   return {unicode(absolutePath(path)), QXCommonNS::URISTR_USER};
 }
 
+bool isPath(const std::string& font) {
+  std::error_code ignored;
+  return font.find('/') != std::string::npos || std::filesystem::is_regular_file(font, ignored);
+}
+
 }  // namespace qxfont

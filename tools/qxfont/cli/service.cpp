@@ -68,7 +68,14 @@ void requireFolder(const std::string& folder) {
   }
 }
 
-Service::Service(const SourceOptions& options, Warnings warnings) {
+Service::Service(const SourceOptions& options, Warnings warnings)
+    : Service(options, warnings, SystemFonts::taken) {}
+
+Service::Service(const SourceOptions& options, const FontOptions& font)
+    : Service(options, Warnings::told,
+              isPath(font.font) ? SystemFonts::leftOut : SystemFonts::taken) {}
+
+Service::Service(const SourceOptions& options, Warnings warnings, SystemFonts systemFonts) {
   std::vector<DocumentFont> documents;
   for (const std::string& text : options.documents) documents.push_back(parseDocumentFont(text));
   for (const std::string& folder : options.only) requireFolder(folder);
@@ -76,18 +83,20 @@ Service::Service(const SourceOptions& options, Warnings warnings) {
 
   {
     const OpeningProgressBar bar;
-    open(options);
+    open(options, systemFonts);
     for (const std::string& folder : options.add) addFolder(folder);
   }
   for (const DocumentFont& document : documents) addDocument(document);
   if (warnings == Warnings::told) tellWarnings();
 }
 
-void Service::open(const SourceOptions& options) {
+void Service::open(const SourceOptions& options, SystemFonts systemFonts) {
   if (!options.only.empty()) return openOnly(options.only);
   if (!options.config.empty()) return openConfiguration(options.config);
   // A name alone would make the service look beside its module for a configuration.
-  if (std::getenv(kVariable) == nullptr) return openWith(nullptr);
+  if (std::getenv(kVariable) == nullptr) {
+    return systemFonts == SystemFonts::taken ? openWith(nullptr) : openWithoutFonts();
+  }
   requireConfigured();
   openWith(kVariable);
 }
@@ -103,6 +112,16 @@ void Service::openConfiguration(const std::string& file) {
 
 void Service::openOnly(const std::vector<std::string>& folders) {
   temporary_.emplace();
+  openFolders(folders);
+}
+
+/// A configuration wants a folder: one without fonts is the tool's own.
+void Service::openWithoutFonts() {
+  temporary_.emplace();
+  openFolders({temporary_->path()});
+}
+
+void Service::openFolders(const std::vector<std::string>& folders) {
   const std::string file = temporary_->path() + "/font-config.xml";
   writeText(file, folderConfiguration(folders));
   setenv(kVariable, file.c_str(), 1);

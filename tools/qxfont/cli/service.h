@@ -23,6 +23,11 @@ class Service {
   /// @throws ToolError when it cannot be opened, or a named folder or font is no good.
   explicit Service(const SourceOptions& options, Warnings warnings = Warnings::told);
 
+  /// Opens it for a command about one font. A path needs none of the system's fonts: they are not
+  /// looked for then, unless an option or the environment says where fonts come from.
+  /// @throws ToolError as the other.
+  Service(const SourceOptions& options, const FontOptions& font);
+
   /// The document's fonts, for lookups.
   [[nodiscard]] fs::FS_ExtraFonts* documentFonts() const { return manager_.getExtraFonts(); }
   [[nodiscard]] fs::FS_ExtraFontManager& documentManager() { return manager_; }
@@ -31,9 +36,14 @@ class Service {
   [[nodiscard]] int faceCount();
 
  private:
-  void open(const SourceOptions& options);
+  enum class SystemFonts { taken, leftOut };
+
+  Service(const SourceOptions& options, Warnings warnings, SystemFonts systemFonts);
+  void open(const SourceOptions& options, SystemFonts systemFonts);
   static void openConfiguration(const std::string& file);
   void openOnly(const std::vector<std::string>& folders);
+  void openWithoutFonts();
+  void openFolders(const std::vector<std::string>& folders);
   static void openWith(const char* variable);
   static void addFolder(const std::string& folder);
   void addDocument(const DocumentFont& font);

@@ -147,7 +147,7 @@ void printText(const Table& table, const DumpRows& rows) {
 void dump(const DumpOptions& options) {
   const Table& table = tableOf(options.what);
   checkFontOptions(options.font);
-  Service service(options.source);
+  Service service(options.source, options.font);
   const OpenFont font = openFont(service, options.font);
   const DumpRows rows = table.rows(*font);
   if (options.output.ndjson) {

@@ -197,7 +197,7 @@ void embed(const EmbedOptions& options) {
   checkCall(options, form);
   GlyphRequest request = requestOf(options);
 
-  Service service(options.source);
+  Service service(options.source, options.font);
   const OpenFont font = openFont(service, options.font);
   if (!hasForm(*font, form, options.asSpecified)) {
     throw ToolError(Status::wrongCall,

@@ -54,7 +54,7 @@ void features(const FeaturesOptions& options) {
   checkFontOptions(options.font);
   const LayoutTag script = parseTag(options.script, "--script");
   const LayoutTag language = options.language.empty() ? 0 : parseTag(options.language, "--lang");
-  Service service(options.source);
+  Service service(options.source, options.font);
   const OpenFont font = openFont(service, options.font);
   const Info info(font->getGSUBGPOSInfo(script, language), &fs::FS_FontInfo::deleteGSUBGPOSInfo);
   Json json{{"gsub", Json::array()}, {"gpos", Json::array()}};

@@ -100,7 +100,7 @@ void printResult(const GlyphsResult& result) {
 
 void glyphs(const GlyphsOptions& options) {
   checkFontOptions(options.font);
-  Service service(options.source);
+  Service service(options.source, options.font);
   const OpenFont font = openFont(service, options.font);
   const GlyphsResult result = ask(*font, options);
   if (options.output.json) {

@@ -53,7 +53,7 @@ void printText(const Json& info) {
 
 void info(const InfoOptions& options) {
   checkFontOptions(options.font);
-  Service service(options.source);
+  Service service(options.source, options.font);
   const OpenFont font = openFont(service, options.font);
   const Json facts = fontFacts(*font);
   if (options.output.json) {

@@ -10,6 +10,7 @@
 #include "qxfont/cli/open_font.h"
 #include "qxfont/cli/options.h"
 #include "qxfont/cli/output.h"
+#include "qxfont/cli/paths.h"
 #include "qxfont/cli/service.h"
 #include "qxfont/cli/status.h"
 #include "qxfont/cli/text.h"

@@ -172,7 +172,7 @@ void writeGlyph(const FS_GlyphDrawInfo& glyph, const std::string& out) {
 void outline(const OutlineOptions& options) {
   checkOptions(options);
   const GlyphRequest request = options.all ? GlyphRequest{} : parseGlyph(options.glyph);
-  Service service(options.source);
+  Service service(options.source, options.font);
   const OpenFont font = openFont(service, options.font);
   if (options.all) return printAll(*font, options);
   const FS_GlyphDrawInfo glyph = draw(*font, glyphOf(*font, request));

@@ -89,7 +89,7 @@ void printResult(const Glyphs& glyphs) {
 void shape(const ShapeOptions& options) {
   checkFontOptions(options.font);
   ShapeRequest request = requestOf(options);
-  Service service(options.source);
+  Service service(options.source, options.font);
   const OpenFont font = openFont(service, options.font);
   if (font->isType1Font()) {
     throw ToolError(Status::wrongCall, options.font.font + " has no OpenType layout",
