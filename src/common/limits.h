@@ -58,6 +58,9 @@ inline constexpr std::size_t kMostVariationSequences = std::size_t{1} << 22;
 /// Levels and nodes of a composite glyph: real ones have three levels and a dozen parts.
 inline constexpr int kMostCompositeDepth = 64;
 inline constexpr int kMostCompositeNodes = 1'024;
+/// Glyphs that FreeType loads for one composite glyph: a component is loaded as often as there are
+/// ways to it, and blank ones take nothing of its 32,767 points, in which 10,922 triangles fit.
+inline constexpr std::uint64_t kMostCompositeLoads = 16'384;
 
 // CFF dictionaries. The format grants a DICT 48 operands, and fonts have up to 18 Font DICTs.
 

@@ -150,6 +150,14 @@ TEST(WriteWoff, OfATableGoesOutWhatTheFontHolds) {
   }
 }
 
+TEST(WriteWoff, OfATableThatIsCutTheRestGoesOutAsItIs) {
+  const std::string font = SfntBuilder().table("aaaa", "1234").build();
+  const std::string file = pack(font.substr(0, 30));
+  EXPECT_EQ(file.substr(52, 8), BeBytes().u32(2).u32(4).str());
+  EXPECT_EQ(file.substr(64), "12");
+  EXPECT_EQ(longAt(file, 8), file.size());
+}
+
 TEST(WriteWoff, KeepsTheOrderOfTheDirectory) {
   const std::string file = pack(SfntBuilder().table("zzzz", "1").table("aaaa", "2").build());
   EXPECT_EQ(file.substr(44, 4), "zzzz");

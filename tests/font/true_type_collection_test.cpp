@@ -435,6 +435,18 @@ TEST_F(TrueTypeCollection, AMemberWithCffAnswersWhatItsRecordHolds) {
             std::string("\1\0\4\3", 4));
 }
 
+TEST_F(TrueTypeCollection, AMemberWithCffHasTheFormsThatNeedNoGlyf) {
+  const TtcBuilder builder = TtcBuilder().member(cffFont(true)).member(cffFont());
+  const auto font = loadFile(builder);
+  ASSERT_TRUE(font);
+  const Answers forms = formsOf(*font, 1);
+  EXPECT_EQ(forms.at("svg"), builder.build()) << "the whole file, as of any font with CFF";
+  EXPECT_EQ(forms.at("subset"), forms.at("stream")) << "nothing is cut from such a font";
+  EXPECT_EQ(forms.at("subset"), forms.at("allTables"));
+  EXPECT_EQ(forms.at("web").substr(0, 4), "wOFF");
+  for (const char* form : {"withCmap", "ps"}) EXPECT_EQ(forms.at(form), "false") << form;
+}
+
 TEST_F(TrueTypeCollection, NothingIsReportedWhereNothingIsAskedFor) {
   const Ptr<FS_TrueTypeCollection> font(new FS_TrueTypeCollection(uri(), nullptr));
   for (const std::string& bytes : {std::string(), pair().tag("????").build()}) {

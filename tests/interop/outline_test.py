@@ -10,12 +10,14 @@ import glob
 import json
 import math
 import os
+import re
 import subprocess
 import tempfile
 import unittest
+from xml.etree import ElementTree
 
 import freetype
-from fontTools.ttLib import TTFont
+from fontTools.ttLib import TTCollection, TTFont
 
 QXFONT = os.environ["QXFONT"]
 ALL = os.environ.get("QX_OUTLINE_ALL") == "1"
@@ -23,6 +25,7 @@ MOST = 400  # glyphs of a font that are drawn unless all are wanted
 PATTERNS = ("truetype/**/*.ttf", "truetype/**/*.ttc", "opentype/**/*.otf", "opentype/**/*.ttf",
             "opentype/**/*.ttc")
 DEJAVU = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"
+SVG = "{http://www.w3.org/2000/svg}"
 
 
 def run(*command, status=0):
@@ -32,13 +35,21 @@ def run(*command, status=0):
     return done.stdout.decode()
 
 
+def is_read(path):
+    """Collections of fonts with CFF outlines are refused."""
+    if not path.endswith(".ttc"):
+        return True
+    with TTCollection(path, lazy=True) as collection:
+        return not any("CFF " in font for font in collection)
+
+
 def installed():
     """Each font file once, however many names lead to it."""
     found = set()
     for pattern in PATTERNS:
         for path in glob.glob(os.path.join("/usr/share/fonts", pattern), recursive=True):
             found.add(os.path.realpath(path))
-    return sorted(found)
+    return sorted(filter(is_read, found))
 
 
 def scale_of(units_per_em):
@@ -230,6 +241,58 @@ class CommandTest(FolderTest):
             text = file.read()
         self.assertRegex(text, r'^<svg xmlns="http://www.w3.org/2000/svg" width="\d')
         self.assertIn('<path transform="scale(1 -1)" fill-rule="nonzero" d="M', text)
+
+
+class PageTest(FolderTest):
+    """Pages as SVG: each glyph as it is drawn alone, in the place to which it is shaped."""
+
+    def pages(self, source, text, size):
+        """The root of the drawing, which is an XML document."""
+        with open(self.path("text.txt"), "w", encoding="utf-8") as file:
+            file.write(text)
+        run(QXFONT, "typeset", "--only", self.path("none"), self.path("text.txt"), "--font", source,
+            "--size", str(size), "-o", self.path("page.svg"))
+        return ElementTree.parse(self.path("page.svg")).getroot()
+
+    def shaped(self, source, text, size):
+        """Glyphs that are not blank, with their distance from the first in points."""
+        em, pen, places = TTFont(source)["head"].unitsPerEm, 0, []
+        for glyph in json.loads(run(QXFONT, "shape", "--only", self.path("none"), source, text,
+                                    "--script", "latn", "--json")):
+            if json.loads(self.outline(source, str(glyph["g"]), "--json"))["contours"]:
+                places.append((glyph["g"], (pen + glyph["dx"]) * size / em))
+            pen += glyph["ax"]
+        return places
+
+    def alone(self, source, gid):
+        self.outline(source, str(gid), "-o", self.path("glyph.svg"))
+        return ElementTree.parse(self.path("glyph.svg")).getroot().find(f"{SVG}path").get("d")
+
+    def test_glyphs_are_drawn_where_they_are_shaped_to(self):
+        text, size = "AVA To & Co.", 20
+        for source in (DEJAVU, installed_otf()):
+            with self.subTest(source=source):
+                root = self.pages(source, text, size)
+                for path in root.iter(f"{SVG}path"):
+                    gid = int(path.get("id").removeprefix("f0g"))
+                    self.assertEqual(path.get("d"), self.alone(source, gid))
+                uses = [(int(use.get("href").removeprefix("#f0g")),
+                         *map(float, re.findall(r"[\d.]+", use.get("transform"))))
+                        for use in root.iter(f"{SVG}use")]
+                places = self.shaped(source, text, size)
+                self.assertEqual([use[0] for use in uses], [place[0] for place in places])
+                scale = size / TTFont(source)["head"].unitsPerEm
+                for use, place in zip(uses, places):
+                    self.assertAlmostEqual(use[1] - uses[0][1], place[1], delta=0.002)
+                    self.assertEqual(use[2], uses[0][2], "one line")
+                    self.assertAlmostEqual(use[3], scale, delta=1e-6)
+
+    def test_texts_of_several_pages_are_one_drawing(self):
+        root = self.pages(DEJAVU, "a\n\n" * 100, 20)
+        self.assertEqual(root.tag, f"{SVG}svg")
+        self.assertEqual(len(root.findall(f"{SVG}g")), len(root.findall(f"{SVG}g/{SVG}rect")))
+        self.assertGreater(len(root.findall(f"{SVG}g")), 1)
+        self.assertEqual(len(list(root.iter(f"{SVG}use"))), 100)
 
 
 if __name__ == "__main__":

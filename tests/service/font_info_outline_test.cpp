@@ -128,9 +128,66 @@ TEST_F(FontOutlines, CyclesAndManyWaysToTheSameGlyphEnd) {
   glyphs.composite({{0, 0, 0}}).composite({{2, 0, 0}}).composite({{1, 0, 0}}).square(5);
   for (unsigned i = 3; i < 60; ++i) glyphs.composite({{i, 0, 0}, {i, 1, 1}});
   ASSERT_TRUE(open("/x/cycles.ttf", fontOf(glyphs).build()));
-  for (const unsigned gid : {0U, 1U, 2U, 59U}) (void)draws(gid);  // FreeType's to judge
-  EXPECT_FALSE(draws(0));
+  for (const unsigned gid : {0U, 1U, 2U, 59U}) EXPECT_FALSE(draws(gid)) << gid;
   EXPECT_TRUE(draws(3));
+}
+
+// FreeType bounds the points of an outline, not the ways to a glyph that has none.
+TEST_F(FontOutlines, ManyWaysToABlankGlyphEnd) {
+  GlyfBuilder glyphs;
+  glyphs.empty();
+  for (unsigned i = 0; i < 60; ++i) glyphs.composite({{i, 0, 0}, {i, 1, 1}});
+  ASSERT_TRUE(open("/x/blank.ttf", fontOf(glyphs).build()));
+  EXPECT_TRUE(draws(13));
+  EXPECT_TRUE(drawn.contours.empty());
+  EXPECT_FALSE(draws(14));
+  EXPECT_FALSE(draws(60));
+}
+
+/// The end of a charstring that adds two glyphs of the standard encoding, the second one moved.
+std::string accented(int base, int accent) {
+  constexpr unsigned kEndChar = 14;
+  return CharStringBuilder().numbers({100, 200, base, accent}).op(kEndChar).str();
+}
+
+TEST_F(FontOutlines, AGlyphOfTwoOthersIsDrawnByTheirCodes) {
+  qxtest::CffBuilder cff = qxtest::sampleCff();
+  cff.glyphs[1] = accented('A', 'B');
+  ASSERT_TRUE(open("/x/accent.otf", qxtest::sampleOpenType(cff).build()));
+  EXPECT_TRUE(draws(1));
+  EXPECT_EQ(drawn.contours.size(), 2U);
+}
+
+TEST_F(FontOutlines, CodesOfNoGlyphDrawNothing) {
+  const struct {
+    int base, accent;
+    bool isDrawn;
+  } rows[] = {{'A', 'B', true}, {'A', 'C', false}, {'C', 'B', false}, {'A', 0, true}};  // .notdef
+  for (const auto& row : rows) {
+    qxtest::CffBuilder cff = qxtest::sampleCff();
+    cff.charset = qxtest::CffBuilder::charsetFormat0({2, 34, 35});
+    cff.glyphs[1] = accented(row.base, row.accent);
+    ASSERT_TRUE(open("/x/accent.otf", qxtest::sampleOpenType(cff).build()));
+    EXPECT_EQ(draws(1), row.isDrawn) << row.base << " " << row.accent;
+  }
+}
+
+// The service does not walk such parts: FreeType counts their operators itself.
+TEST_F(FontOutlines, APartThatExplodesIsNotDrawn) {
+  constexpr unsigned kCallSubr = 10;
+  constexpr unsigned kReturn = 11;
+  constexpr int kLevels = 12;
+  qxtest::CffBuilder cff = qxtest::sampleCff();
+  for (int i = 1; i <= kLevels; ++i) {
+    CharStringBuilder body;
+    for (int k = 0; k < 8 && i < kLevels; ++k) body.call(kCallSubr, i, kLevels);
+    cff.privates[0].subrs.push_back(body.op(kReturn).str());
+  }
+  cff.glyphs[3] = CharStringBuilder().call(kCallSubr, 0, kLevels).str();
+  cff.glyphs[1] = accented('A', 'B');
+  ASSERT_TRUE(open("/x/accent.otf", qxtest::sampleOpenType(cff).build()));
+  EXPECT_FALSE(draws(1));
+  EXPECT_TRUE(draws(2));
 }
 
 TEST_F(FontOutlines, AWebFontIsGuardedToo) {

@@ -10,6 +10,7 @@ namespace QXFontService_NS::outline {
 namespace {
 
 using QXCommonNS::limits::kMostCompositeDepth;
+using QXCommonNS::limits::kMostCompositeLoads;
 using QXCommonNS::limits::kMostCompositeNodes;
 
 constexpr std::uint64_t kMostLocations = 0x10001;
@@ -28,58 +29,63 @@ bool CompositeWalk::isBounded(std::uint16_t glyph, const OpenFont& open) {
 }
 
 CompositeWalk::Verdict CompositeWalk::walk(std::uint16_t glyph, const OpenFont& open) {
-  const std::vector<std::uint16_t> parts = components(glyph, open);
-  if (parts.empty()) return Verdict::simple;
-  heights_.clear();
-  return height(glyph, 0, open) == kTooHigh ? Verdict::refused : Verdict::bounded;
+  if (components(glyph, open).empty()) return Verdict::simple;
+  trees_.clear();
+  return measure(glyph, 0, open) ? Verdict::bounded : Verdict::refused;
 }
 
-// A glyph that the walk stands in has height 0: FreeType itself refuses cycles.
-int CompositeWalk::height(std::uint16_t glyph, int level, const OpenFont& open) {
-  if (level > kMostCompositeDepth) return kTooHigh;
-  const auto met = heights_.try_emplace(glyph, 0);
-  int& known = met.first->second;
-  if (!met.second) return level + known > kMostCompositeDepth ? kTooHigh : known;
-  if (heights_.size() > static_cast<std::size_t>(kMostCompositeNodes)) return kTooHigh;
-  if (verdict(glyph) == Verdict::simple) return 0;
-  const std::vector<std::uint16_t> parts = components(glyph, open);
+// A glyph that the walk stands in counts as simple: FreeType itself refuses cycles.
+std::optional<CompositeWalk::Tree> CompositeWalk::measure(std::uint16_t glyph, int level,
+                                                          const OpenFont& open) {
+  if (level > kMostCompositeDepth) return std::nullopt;
+  const auto met = trees_.try_emplace(glyph);
+  Tree& known = met.first->second;
+  if (!met.second && level + known.height > kMostCompositeDepth) return std::nullopt;
+  if (!met.second) return known;
+  if (trees_.size() > static_cast<std::size_t>(kMostCompositeNodes)) return std::nullopt;
+  if (verdict(glyph) == Verdict::simple) return known;
+  const std::vector<Run> parts = components(glyph, open);
   if (parts.empty()) verdict(glyph) = Verdict::simple;
-  const int above = heightAbove(parts, level, open);
-  known = std::max(above, 0);
-  return above;
+  const std::optional<Tree> tree = measureAbove(parts, level, open);
+  if (tree) known = *tree;
+  return tree;
 }
 
-int CompositeWalk::heightAbove(const std::vector<std::uint16_t>& components, int level,
-                               const OpenFont& open) {
-  int highest = 0;
-  for (const std::uint16_t component : components) {
-    const int one = height(component, level + 1, open);
-    if (one == kTooHigh) return kTooHigh;
-    highest = std::max(highest, one + 1);
+std::optional<CompositeWalk::Tree> CompositeWalk::measureAbove(const std::vector<Run>& components,
+                                                               int level, const OpenFont& open) {
+  Tree whole;
+  for (const Run& run : components) {
+    const std::optional<Tree> one = measure(run.glyph, level + 1, open);
+    if (!one) return std::nullopt;
+    whole.height = std::max(whole.height, one->height + 1);
+    whole.loads += run.length * one->loads;
+    if (whole.loads > kMostCompositeLoads) return std::nullopt;
   }
-  return highest;
+  return whole;
 }
 
 // Piece by piece: only as much is read as there are components, whatever length is stated.
-std::vector<std::uint16_t> CompositeWalk::components(std::uint16_t glyph, const OpenFont& open) {
-  std::vector<std::uint16_t> ids;
+std::vector<CompositeWalk::Run> CompositeWalk::components(std::uint16_t glyph,
+                                                          const OpenFont& open) {
+  std::vector<Run> runs;
   Extent left = extent(glyph);
-  const auto isNew = [&](std::uint16_t id) { return ids.empty() || ids.back() != id; };
+  const auto add = [&](std::uint16_t id) {
+    if (runs.empty() || runs.back().glyph != id) runs.push_back({id, 0});
+    ++runs.back().length;
+  };
   const auto skip = [&](std::uint64_t count) {
     left.position += count;
     left.length -= count;
   };
   const ByteView beginning =
       window_.read(left.position, std::min(left.length, kGlyphBeginning), open);
-  if (!embed::beginsAsComposite(beginning)) return ids;
+  if (!embed::beginsAsComposite(beginning)) return runs;
   skip(embed::kGlyphHeaderSize);
   for (std::uint64_t taken = 1; taken != 0 && left.length != 0; skip(taken)) {
     const std::uint64_t size = std::min(left.length, FileWindow::kSize);
-    taken = embed::forEachComponent(window_.read(left.position, size, open), [&](std::uint16_t id) {
-      if (isNew(id)) ids.push_back(id);
-    });
+    taken = embed::forEachComponent(window_.read(left.position, size, open), add);
   }
-  return ids;
+  return runs;
 }
 
 // FreeType takes falling offsets for a glyph that goes on to the end of the table.

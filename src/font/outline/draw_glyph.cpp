@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include FT_OUTLINE_H
-
 #include "font/outline/outline_recorder.h"
 
 namespace QXFontService_NS::outline {
@@ -61,7 +59,6 @@ bool drawGlyph(FT_Face face, unsigned short gid, FS_GlyphDrawInfo& info, bool ve
   FT_GlyphSlot slot = face->glyph;
   fillMetrics(slot->metrics, scale, info);
   fillFaceBox(face->bbox, info);
-  info.evenOddFill = (slot->outline.flags & FT_OUTLINE_EVEN_ODD_FILL) != 0;
   recordOutline(slot->outline, scale, info);
   info.valid = true;
   return true;

@@ -108,6 +108,7 @@ void findBounds(FS_GlyphDrawInfo& info) {
 }  // namespace
 
 void recordOutline(FT_Outline& outline, int scale, FS_GlyphDrawInfo& info) {
+  info.evenOddFill = (outline.flags & FT_OUTLINE_EVEN_ODD_FILL) != 0;
   static constexpr FT_Outline_Funcs kCallbacks = {moveTo, lineTo, conicTo, cubicTo, 0, 0};
   Recorder context(outline, scale, info.contours);
   FT_Outline_Decompose(&outline, &kCallbacks, &context);

@@ -46,6 +46,12 @@ FS_FontFileType typeOf(const QXUri& file, std::istream& stream) {
   }
 }
 
+/// What a font object that was not read, and said nothing, leaves to tell.
+const char16_t* silentRefusal(FS_FontFileType type) {
+  return type == FS_FILETYPE_TTC ? u"Not a collection of TrueType fonts"
+                                 : u"No font of a known kind";
+}
+
 /// Opens the file with an error to tell; null error code on success.
 QXError open(const QXUri& file, int face, FS_FontInfo& out) {
   FS_FontRegistry::open(nullptr, nullptr);
@@ -62,8 +68,8 @@ QXError open(const QXUri& file, int face, FS_FontInfo& out) {
                         : font->readFont(&error, stream.get());
   if (!read || face < 0 || face >= font->getEntryCount()) {
     if (error.getErrorCode() != 0) return error;
-    return fontError(FS_ERROR_FONT_FILE,
-                     read ? u"The font has no such face" : u"No font of a known kind", file);
+    return fontError(FS_ERROR_FONT_FILE, read ? u"The font has no such face" : silentRefusal(type),
+                     file);
   }
   if (!font->loadFontTables(&error, face, nullptr)) {
     if (error.getErrorCode() != 0) return error;

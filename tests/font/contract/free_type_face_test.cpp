@@ -14,6 +14,7 @@
 #include "font/contract/font_services.h"
 #include "font/contract/plain_font.h"
 #include "support/glyf_builder.h"
+#include "support/memory_platform.h"
 #include "support/sfnt_builder.h"
 #include "support/table_builders.h"
 
@@ -51,6 +52,7 @@ class TemporaryFile {
   TemporaryFile& operator=(const TemporaryFile&) = delete;
 
   void remove() { std::filesystem::remove(path_); }
+  [[nodiscard]] std::string path() const { return path_.string(); }
   [[nodiscard]] QXUri uri() const {
     return QXUri(UnicodeString::fromUTF8(path_.string()), QXCommonNS::URISTR_USER);
   }
@@ -99,6 +101,21 @@ TEST(FreeTypeFace, TellsNullWhereThereIsNothingToOpen) {
   EXPECT_EQ(face.open(empty.uri(), nullptr, 0), nullptr);
   EXPECT_EQ(face.open(QXUri(), &emptyStream, 0), nullptr);
   EXPECT_EQ(face.get(), nullptr);
+}
+
+// Behind a path that cannot be opened the service's streams may have a font; what FreeType opens
+// and refuses is refused.
+TEST(FreeTypeFace, OnlyAPathThatCannotBeOpenedLeadsToTheStream) {
+  TemporaryFile file("qx-face-", "no font at all");
+  qxtest::MemoryPlatform world;
+  world.file(file.path(), fontBytes());
+  const qxtest::PlatformInPlace worldInPlace{world};
+  FreeTypeFace face;
+  EXPECT_EQ(face.open(file.uri(), nullptr, 0), nullptr);
+  EXPECT_EQ(world.counts().opened, 0U);
+  file.remove();
+  EXPECT_NE(face.open(file.uri(), nullptr, 0), nullptr);
+  EXPECT_EQ(world.counts().opened, 1U);
 }
 
 TEST(FreeTypeFace, ABadIndexTellsNullAndAGoodOneOpensAfterwards) {

@@ -105,11 +105,42 @@ TEST(CompositeWalk, LeavesCyclesToFreeType) {
   for (std::uint16_t i = 0; i < 4; ++i) EXPECT_TRUE(isBounded(glyphs, i)) << i;
 }
 
+/// Glyph 0 blank; each further one made of the one before, twice.
+GlyfBuilder doubling(unsigned composites) {
+  GlyfBuilder glyphs;
+  glyphs.empty();
+  for (unsigned i = 0; i < composites; ++i) glyphs.composite({{i, 0, 0}, {i, 1, 1}});
+  return glyphs;
+}
+
+// FreeType goes each way to a glyph, and nothing stops it where the last one is blank.
+TEST(CompositeWalk, TakesAsManyWaysAsFillAnOutline) {
+  EXPECT_TRUE(isBounded(doubling(13), 13));   // 2 ^ 14 - 1 loads
+  EXPECT_FALSE(isBounded(doubling(14), 14));  // 2 ^ 15 - 1
+  const auto row = [](std::size_t parts) {
+    return GlyfBuilder().empty().composite(
+        std::vector<GlyfBuilder::Component>(parts, GlyfBuilder::Component{0, 0, 0}));
+  };
+  EXPECT_TRUE(isBounded(row(16'000), 1));
+  EXPECT_FALSE(isBounded(row(16'384), 1));
+}
+
 TEST(CompositeWalk, ManyWaysToTheSameGlyphsCostNoMoreThanTheGlyphs) {
   GlyfBuilder glyphs;
   glyphs.square(5);
   for (unsigned i = 0; i < 60; ++i) glyphs.composite({{i, 0, 0}, {i, 1, 1}, {i, 2, 2}});
-  EXPECT_TRUE(isBounded(glyphs, 60));  // 3 ^ 60 ways
+  EXPECT_FALSE(isBounded(glyphs, 60));  // 3 ^ 60 ways
+  EXPECT_TRUE(isBounded(glyphs, 8));
+}
+
+TEST(CompositeWalk, CountsWaysInTurnsOfDifferentGlyphs) {
+  GlyfBuilder glyphs;
+  glyphs.empty().empty();
+  std::vector<GlyfBuilder::Component> turns;
+  for (unsigned i = 0; i < 10'000; ++i) turns.insert(turns.end(), {{0, 0, 0}, {1, 0, 0}});
+  EXPECT_FALSE(isBounded(glyphs.composite(turns), 2));
+  turns.resize(10'000, {0, 0, 0});
+  EXPECT_TRUE(isBounded(glyphs.composite(turns), 3));
 }
 
 TEST(CompositeWalk, WhatCannotBeReadHasNoComponents) {

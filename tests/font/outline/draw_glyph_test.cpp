@@ -177,6 +177,64 @@ TEST(DrawGlyphRecord, AGlyphPastTheEndIsNoneAndTheRecordKeepsTheRest) {
   }
 }
 
+/// A face over a stream of its own, which can be told to fail a number of reads.
+class FailingFace {
+ public:
+  FailingFace() : bytes_(fontBytes(1000)) {
+    stream_.size = static_cast<unsigned long>(bytes_.size());
+    stream_.descriptor.pointer = this;
+    stream_.read = &FailingFace::read;
+    FT_Open_Args arguments{};
+    arguments.flags = FT_OPEN_STREAM;
+    arguments.stream = &stream_;
+    library_ = contract::freeTypeLibrary();
+    EXPECT_EQ(FT_Open_Face(library_.get(), &arguments, 0, &face_), 0);
+  }
+  ~FailingFace() { FT_Done_Face(face_); }
+  FailingFace(const FailingFace&) = delete;
+  FailingFace& operator=(const FailingFace&) = delete;
+
+  [[nodiscard]] FT_Face get() const { return face_; }
+  void failReads(int count) { toFail_ = count; }
+
+ private:
+  static unsigned long read(FT_Stream stream, unsigned long offset, unsigned char* out,
+                            unsigned long count) {
+    auto& self = *static_cast<FailingFace*>(stream->descriptor.pointer);
+    if (count == 0) return offset > self.bytes_.size() ? 1 : 0;  // a seek: 0 is success
+    if (self.toFail_ > 0) {
+      --self.toFail_;
+      return 0;
+    }
+    if (offset >= self.bytes_.size()) return 0;
+    return static_cast<unsigned long>(
+        self.bytes_.copy(static_cast<char*>(static_cast<void*>(out)), count, offset));
+  }
+
+  std::string bytes_;
+  FT_StreamRec stream_{};
+  contract::FreeTypeLibrary library_;
+  FT_Face face_ = nullptr;
+  int toFail_ = 0;
+};
+
+TEST(DrawGlyphRecord, AGlyphThatFailsIsTriedOnceMoreUnlessVertical) {
+  FailingFace face;
+  FS_GlyphDrawInfo info;
+  const struct {
+    int failures;
+    bool vertical;
+    bool drawn;
+  } rows[] = {
+      {0, false, true}, {1, false, true}, {2, false, false}, {0, true, true}, {1, true, false}};
+  for (const auto& row : rows) {
+    face.failReads(row.failures);
+    EXPECT_EQ(drawGlyph(face.get(), 1, info, row.vertical), row.drawn) << row.failures;
+    EXPECT_EQ(info.valid, row.drawn);
+    face.failReads(0);
+  }
+}
+
 /// Two contours, one with a quadratic and one with a cubic curve.
 struct OwnOutline {
   FT_Vector points[7] = {{0, 0}, {20, 40}, {40, 0}, {-20, -10}, {0, -60}, {30, -60}, {50, -10}};
@@ -225,6 +283,21 @@ TEST(OutlineRecorder, DividesPointsAsFloats) {
   outline::recordOutline(source, 16, info);
   EXPECT_EQ(info.contours[0].points[0].x, 7.0F / 16.0F);
   EXPECT_EQ(info.contours[0].points[0].y, -3.0F / 16.0F);
+}
+
+TEST(OutlineRecorder, TakesTheFillRuleOfTheOutline) {
+  OwnOutline own;
+  FT_Outline source = own.outline();
+  FS_GlyphDrawInfo info;
+  const std::pair<int, bool> rows[] = {{FT_OUTLINE_NONE, false},
+                                       {FT_OUTLINE_EVEN_ODD_FILL, true},
+                                       {FT_OUTLINE_REVERSE_FILL | FT_OUTLINE_EVEN_ODD_FILL, true},
+                                       {FT_OUTLINE_REVERSE_FILL, false}};
+  for (const auto& [flags, evenOdd] : rows) {
+    source.flags = flags;
+    outline::recordOutline(source, 10, info);
+    EXPECT_EQ(info.evenOddFill, evenOdd) << flags;
+  }
 }
 
 }  // namespace

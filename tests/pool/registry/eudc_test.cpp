@@ -5,6 +5,7 @@
 
 #include "pool/registry/registry_fixture.h"
 #include "pool/system/system_eudc.h"
+#include "support/sample_open_type.h"
 #include "support/ttc_builder.h"
 
 namespace QXFontService_NS {
@@ -61,13 +62,18 @@ TEST_F(Eudc, ADamagedDefaultIsCollected) {
       "<font-folder path=\"/f\"/><eudc-processing>"
       "<eudc-system-default file-path=\"/e/g.ttf\"/></eudc-processing>");
   EXPECT_EQ(registry->services().eudcDefault(false).font, nullptr);
+  EXPECT_EQ(registry->services().eudcDefault(true).font, nullptr);
   EXPECT_EQ(errors(),
             std::vector<std::string>{"Font file error: 'cmap' table not found\n/e/g.ttf"});
+  EXPECT_EQ(loaded(), (std::vector<std::string>{"/e/g.ttf", "/e/g.ttf"}))
+      << "the second one is tried all the same, and both stay";
+  EXPECT_EQ(fileOf(u"QX Sample-Regular"), "");
 }
 
 TEST_F(Eudc, FilesOfOtherKindsAreIgnored) {
-  world.file("/e/g.ttc", namedFont(u"G")).file("/e/g.woff", namedFont(u"G"));
-  for (const char* file : {"/e/g.ttc", "/e/g.woff", "/e/missing.ttf"}) {
+  const char* files[] = {"/e/g.ttc", "/e/g.woff", "/e/g.dfont", "/e/g.afm", "/e/g.pfm"};
+  for (const char* file : files) world.file(file, namedFont(u"G"));
+  for (const char* file : {files[0], files[1], files[2], files[3], files[4], "/e/missing.ttf"}) {
     open("<font-folder path=\"/f\"/><eudc-processing><eudc-system-default file-path=\"" +
          std::string(file) + "\"/></eudc-processing>");
     EXPECT_EQ(registry->services().eudcDefault(false).font, nullptr) << file;
@@ -75,6 +81,22 @@ TEST_F(Eudc, FilesOfOtherKindsAreIgnored) {
     resetServiceForTests();
     QXCommonNS::setPlatformForTests(&world);
   }
+}
+
+TEST_F(Eudc, OpenTypeFontsAreTakenToo) {
+  world.file("/e/g.otf", qxtest::sampleOpenType(qxtest::sampleCff()).build());
+  open(mapping("<eudc-system-default file-path=\"/e/g.otf\"/>"));
+  const FS_FontRef font = registry->services().eudcDefault(false);
+  ASSERT_NE(font.font, nullptr);
+  EXPECT_EQ(font.font->getFontFileType(0), FS_FILETYPE_OPENTYPE);
+}
+
+TEST_F(Eudc, AnExcludedDefaultIsPassedOverInSilence) {
+  world.file("/e/g.ttf", namedFont(u"Gaiji"));
+  open("<font-folder path=\"/e\"><font-exclude file=\"g.ttf\"/></font-folder>" +
+       mapping("<eudc-system-default file-path=\"/e/g.ttf\"/>"));
+  EXPECT_EQ(registry->services().eudcDefault(false).font, nullptr);
+  EXPECT_TRUE(loaded().empty() && errors().empty());
 }
 
 TEST_F(Eudc, AFamilyIsLinkedByItsFirstFaceAlone) {
@@ -135,6 +157,46 @@ TEST_F(Eudc, TheRegistryGivesWhatIsNotConfigured) {
   ASSERT_NE(registry->services().eudcDefault(false).font, nullptr);
   EXPECT_EQ(linked(u"Fam"), icu::UnicodeString("Fam-RegularM-Regular"))
       << "the first code page that has the family";
+}
+
+TEST_F(Eudc, TheRegistryIsAskedForFamiliesInFourCodePagesInOrder) {
+  const std::string pages[] = {"932", "936", "949", "950"};
+  world.setKnownFolder(QXCommonNS::KnownFolder::fonts, "/w").file("/f/a.ttf", namedFont(u"Fam"));
+  std::string text;
+  for (std::size_t i = 4; i-- != 0;) {  // each page is added before those that come behind it
+    const std::string file = "p" + pages[i] + ".tte";
+    text += "[HKEY_CURRENT_USER\\EUDC\\" + pages[i] + "]\n\"Fam\"=\"" + file + "\"\n";
+    world.file("/w/" + file, namedFont(u"G")).registry(text);
+    openFile("<font-config windows-registry=\"enable\"><font-folder path=\"/f\"/></font-config>");
+    const QXUri linkedFile = registry->settings().eudcMap.at(u"Fam");
+    std::string path;
+    EXPECT_EQ(linkedFile.getLocalPath(false).toUTF8String(path), "/w/" + file);
+    EXPECT_EQ(linked(u"Fam"), icu::UnicodeString(u"Fam-RegularG-Regular"));
+    resetRegistry();
+  }
+}
+
+TEST_F(Eudc, ValuesThatAreNoTextAndTheDefaultsNameAreNoFamilies) {
+  world.setKnownFolder(QXCommonNS::KnownFolder::fonts, "/w").file("/w/g.tte", namedFont(u"G"));
+  world.file("/f/a.ttf", namedFont(u"Fam")).file("/f/b.ttf", namedFont(u"SystemDefaultEudcFont"));
+  world.registry(
+      "[HKEY_CURRENT_USER\\EUDC\\949]\n\"Fam\"=type 3:67 00 00 00\n"
+      "\"systemdefaulteudcfont\"=\"g.tte\"\n");
+  openFile("<font-config windows-registry=\"enable\"><font-folder path=\"/f\"/></font-config>");
+  EXPECT_TRUE(registry->settings().eudcMap.empty());
+  EXPECT_EQ(linked(u"Fam"), icu::UnicodeString());
+  EXPECT_EQ(linked(u"SystemDefaultEudcFont"), icu::UnicodeString());
+}
+
+TEST_F(Eudc, TheRegistrysDefaultIsThatOfTheLocalesCodePage) {
+  world.setKnownFolder(QXCommonNS::KnownFolder::fonts, "/w");
+  world.file("/w/j.tte", namedFont(u"J")).file("/w/c.tte", namedFont(u"C"));
+  world.setLocaleName("zh_CN").registry(
+      "[HKEY_CURRENT_USER\\EUDC\\932]\n\"SystemDefaultEUDCFont\"=\"j.tte\"\n"
+      "[HKEY_CURRENT_USER\\EUDC\\936]\n\"SystemDefaultEUDCFont\"=\"c.tte\"\n");
+  openFile("<font-config windows-registry=\"enable\"><font-folder path=\"/f\"/></font-config>");
+  EXPECT_EQ(fileOf(u"C-Regular"), "/w/c.tte");
+  EXPECT_EQ(fileOf(u"J-Regular"), "");
 }
 
 TEST_F(Eudc, ThePrefixIsTheNameOfTheFontsFirstFaceThoughAnotherOneIsLinked) {

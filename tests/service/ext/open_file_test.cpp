@@ -8,6 +8,7 @@
 
 #include "pool/registry/registry_fixture.h"
 #include "support/dfont_builder.h"
+#include "support/sample_open_type.h"
 #include "support/truncation.h"
 #include "support/ttc_builder.h"
 
@@ -71,6 +72,16 @@ TEST_F(OpenFontFile, SaysWhyNot) {
   EXPECT_FALSE(open(u"/x/nocmap.ttf"));
   EXPECT_EQ(message(), "Font file error: 'cmap' table not found\n/x/nocmap.ttf");
   EXPECT_FALSE(font.isCreatedFont());
+}
+
+TEST_F(OpenFontFile, SaysOfACollectionOfFontsWithCffThatItIsNone) {
+  const SfntBuilder member = qxtest::sampleOpenType(qxtest::sampleCff());
+  world.file("/x/cff.ttc", qxtest::TtcBuilder().member(member).member(member).build());
+  for (const int face : {0, 1}) {
+    EXPECT_FALSE(open(u"/x/cff.ttc", face));
+    EXPECT_EQ(font.getError().getErrorCode(), 1928);
+    EXPECT_EQ(message(), "Font file error: Not a collection of TrueType fonts\n/x/cff.ttc");
+  }
 }
 
 TEST_F(OpenFontFile, AFileWithMoreFontsIsOpenedByMember) {
