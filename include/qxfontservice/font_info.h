@@ -58,8 +58,9 @@ class QX_EXPORT FS_FontInfo {
   /// Finds a face by family or file name and loads it.
   ///
   /// A style that the family lacks is answered by the nearest one: the same weight upright for an
-  /// italic, then up to 500 the nearest lighter weight and above it the nearest heavier one. The
-  /// first such request fills the family for good, so that later answers may come from it.
+  /// italic, then the nearest lighter weight up to 500 and the nearest heavier one above, else the
+  /// nearest on the other side. Such a request fills the family for good, so that the answer to a
+  /// later one may depend on it.
   ///
   /// @param weight scale of OpenType usWeightClass; 0 means 400.
   /// @param stretch scale of OpenType usWidthClass; 0 means 5.
@@ -71,8 +72,11 @@ class QX_EXPORT FS_FontInfo {
   /// As above with stretch 0.
   bool createFont(const UnicodeString& family, int weight, bool italic,
                   FS_ExtraFonts* extra = nullptr);
-  /// Opens an sfnt file that the service need not know; `deleteFont` closes it.
-  /// The first four bytes decide between OpenType and TrueType, not the extension.
+  /// Opens a single sfnt font of a file or `data:` URI that the service need not know; each call
+  /// makes a font of its own, which `deleteFont` releases. The first four bytes decide between
+  /// OpenType and TrueType, not the extension: collections, web fonts and Type 1 files never open
+  /// (`ext::openFontFile` opens those too).
+  /// @return false with the reason in `getError`; the handle keeps the font it had, at face 0.
   bool createFont(const QXUri& uri);
   /// Releases a font opened by URI and empties the handle; not for fonts found by name.
   void deleteFont();
@@ -100,7 +104,7 @@ class QX_EXPORT FS_FontInfo {
                                  FS_NewTextMetricEx& out, FS_ExtraFonts* extra);
   /// The name, in a language, of the family's regular face; the preferred family where there is
   /// one, unless the configuration switches that off. Empty when nothing is found and for a
-  /// document's font, which tells its declared names alone.
+  /// document's web font, which tells no names of its own.
   static UnicodeString getFamilyName(QXLang::LanguageID lang, const UnicodeString& family,
                                      FS_ExtraFonts* extra);
   /// Whether two family names are the same to a lookup: case, blanks and hyphens do not count.

@@ -38,8 +38,8 @@ QX_EXPORT UnicodeString FS_GetFontConfigPath(const char* envName, bool evenIfMis
 /// @return whether some folder has `font-alias` records: false is no failure by itself.
 QX_EXPORT bool FS_GetFontFoldPathVector(const char* envName, std::vector<UnicodeString>& out);
 
-/// Adds the fonts of one folder, without its subfolders and the aliases of the configuration. Fonts
-/// that are found by a name already stay what that name finds.
+/// Adds the fonts of one folder, without its subfolders and without aliases. A style that a name
+/// finds already is not replaced.
 /// @param folder a local path, with or without its closing separator.
 /// @return the number of font files loaded, not of faces; 0 for a folder that is known already, for
 ///   one that cannot be listed, and when the service cannot be opened.
