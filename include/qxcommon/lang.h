@@ -24,8 +24,10 @@ class QX_EXPORT QXLang {
 
   [[nodiscard]] const Locale& getLocale() const { return locale_; }
 
-  /// The locale that the system gives the process (on POSIX that of messages), to be compared
-  /// with constants such as `Locale::getKorean()`. What a host sets in ICU does not change it.
+  /// The locale of the process: ICU's default at the time of the call, to be compared with
+  /// constants such as `Locale::getKorean()`. A host that wants another language for the names of
+  /// fonts sets it with `Locale::setDefault` before it opens the service, since each font chooses
+  /// its names when it is read. Any thread.
   [[nodiscard]] static Locale getDefaultLocale();
 
  private:

@@ -41,9 +41,10 @@ struct FontInfoAccess;
 /// 0, false or empty. Queries fail silently and never throw a `QXError`.
 ///
 /// Unless a member says otherwise: glyph ids are 16 bits and FS_NO_GLYPH is none; a metric's `size`
-/// is the cell height (usWinAscent + usWinDescent) when positive, the em when negative, and 0 asks
-/// for font units; queries may run on any thread, the members that write fonts on one thread a
-/// font, and those that write take nothing back from `out` when they answer false.
+/// is the cell height (usWinAscent + usWinDescent) when positive, the em when negative, in any unit
+/// of the host, which the answer then has too, and 0 asks for font units; queries may run on any
+/// thread, the members that write fonts on one thread a font, and those that write take nothing
+/// back from `out` when they answer false.
 class QX_EXPORT FS_FontInfo {
  public:
   FS_FontInfo() {}  // user-provided, so that hosts may declare constant handles
@@ -56,6 +57,11 @@ class QX_EXPORT FS_FontInfo {
 
   /// Finds a face by family or file name and loads it.
   ///
+  /// A style that the family lacks is answered by the nearest one: the same weight upright for an
+  /// italic, then the nearest lighter weight up to 500 and the nearest heavier one above, else the
+  /// nearest on the other side. Such a request fills the family for good, so that the answer to a
+  /// later one may depend on it.
+  ///
   /// @param weight scale of OpenType usWeightClass; 0 means 400.
   /// @param stretch scale of OpenType usWidthClass; 0 means 5.
   /// @param extra a document's fonts, searched first; may be null.
@@ -66,8 +72,11 @@ class QX_EXPORT FS_FontInfo {
   /// As above with stretch 0.
   bool createFont(const UnicodeString& family, int weight, bool italic,
                   FS_ExtraFonts* extra = nullptr);
-  /// Opens an sfnt file that the service need not know; `deleteFont` closes it.
-  /// The first four bytes decide between OpenType and TrueType, not the extension.
+  /// Opens a single sfnt font of a file or `data:` URI that the service need not know; each call
+  /// makes a font of its own, which `deleteFont` releases. The first four bytes decide between
+  /// OpenType and TrueType, not the extension: collections, web fonts and Type 1 files never open
+  /// (`ext::openFontFile` opens those too).
+  /// @return false with the reason in `getError`; the handle keeps the font it had, at face 0.
   bool createFont(const QXUri& uri);
   /// Releases a font opened by URI and empties the handle; not for fonts found by name.
   void deleteFont();
@@ -86,13 +95,16 @@ class QX_EXPORT FS_FontInfo {
   /// @param isExtra told whether it came from `extra`; may be null.
   static QXUri getFontFolderPath(const UnicodeString& family, int weight, bool italic, int stretch,
                                  FS_ExtraFonts* extra, bool* isExtra);
-  /// Metrics in font units of the face that `createFont` would take.
+  /// Metrics in font units of the face that `createFont` would take, which is loaded for it.
+  /// @return false when nothing is found or the face cannot be loaded.
   static bool getNewTextMetricEx(const UnicodeString& family, int weight, bool italic, int stretch,
                                  FS_NewTextMetricEx& out, FS_ExtraFonts* extra);
   /// As above with stretch 0.
   static bool getNewTextMetricEx(const UnicodeString& family, int weight, bool italic,
                                  FS_NewTextMetricEx& out, FS_ExtraFonts* extra);
-  /// The family's name in a language, the preferred family where the configuration asks for it.
+  /// The name, in a language, of the family's regular face; the preferred family where there is
+  /// one, unless the configuration switches that off. Empty when nothing is found and for a
+  /// document's web font, which tells no names of its own.
   static UnicodeString getFamilyName(QXLang::LanguageID lang, const UnicodeString& family,
                                      FS_ExtraFonts* extra);
   /// Whether two family names are the same to a lookup: case, blanks and hyphens do not count.
@@ -109,7 +121,10 @@ class QX_EXPORT FS_FontInfo {
 
   // --- Kind, file, style ---
 
+  /// Whether the font is a pair of metric file and Type 1 font program.
   bool isType1Font() const;
+  /// Whether there is an sfnt around the font, of whichever outlines. A document's font answers
+  /// these four as the font inside it.
   bool isTrueTypeFont() const;
   /// Whether glyphs are reached by name: Type 1, or OpenType that is not CID-keyed.
   bool isType1OrNoCID() const;
@@ -117,9 +132,11 @@ class QX_EXPORT FS_FontInfo {
   bool isTrueTypeOrCID() const;
   /// Whether the font is a document's; each output may be null.
   bool isExtraFont(int* weight, bool* italic) const;
+  /// FS_FILETYPE_UNKNOWN for an empty handle.
   FS_FontFileType getFontFileType() const;
   /// The kind of the font inside a web font; else as `getFontFileType`.
   FS_FontFileType getFontFileType2() const;
+  /// The file as it was found; empty for an empty handle.
   QXUri getFontFileName() const;
   /// The file of the font inside a document's font; else as `getFontFileName`.
   QXUri getFontFileName2() const;
@@ -170,33 +187,49 @@ class QX_EXPORT FS_FontInfo {
 
   // --- Metrics ---
 
+  /// Metrics and coverage in one record. A `size` of 0 gives lengths of 0, not font units.
+  /// @return false where the font has none to tell.
   bool getOutlineTextMetrics(FS_NewTextMetricEx& out, int size) const;
+  /// No bits where the font states none.
   FS_CodePageRange getCodePageRangeBitFields() const;
-  // These four in em.
+  // These four as a part of the em; 0 where the font does not tell.
   float getCapHeight() const;
   float getXHeight() const;
   float getTypoAscender() const;
+  /// The ascender once more for a single sfnt font; the descender for collections. Hosts have
+  /// come to rely on it: take the descender from `getOutlineTextMetrics`.
   float getTypoDescender() const;
   /// Fills and returns `out`; null, with `out` untouched, when the font has no PANOSE numbers.
   PANOSE* getPanose(PANOSE& out) const;
   /// High and low byte of OpenType `OS/2`, sFamilyClass.
   unsigned char getFamilyClass() const;
   unsigned char getFamilySubclass() const;
+  /// Font units to the em.
   int getUnitsPerEm() const;
+  /// The advance that most glyphs of an sfnt font have; 0 for other kinds.
   float getDefaultCharWidth(int size) const;
+  /// 0 for sfnt fonts, of which `VORG` is not read.
   float getDefaultVertOriginY(int size) const;
   /// Always 0: hosts take the default origin for every glyph.
   float getGlyphVertOriginY(unsigned short gid, int size) const;
-  /// Sum of the advances. A font or a text that is missing gives 0 and leaves `*firstMissing`.
-  /// @param firstMissing told the UTF-16 index of the first character without a glyph; may be null.
+  /// Sum of the advances, those of end-user-defined characters from their fonts included. A font or
+  /// a text that is missing gives 0 and leaves `*firstMissing`.
+  /// @param size as above, but 0 sums end-user-defined characters alone.
+  /// @param firstMissing told the UTF-16 index of the first character without a glyph, -1 for none;
+  ///   may be null.
   float getTextWidth(const UnicodeString& text, int size, bool vertical, int* firstMissing) const;
   /// As above of one character; a number that is no code point gives 0.
   float getTextWidth(int codePoint, int size, bool vertical, int* firstMissing) const;
+  /// The horizontal advance of a glyph, for vertical text as well; 0 for FS_NO_GLYPH.
   float getGlyphWidth(unsigned short gid, int size, bool vertical) const;
+  /// Whether the font lists kerning pairs for that direction.
   bool hasPairKerningInfo(bool vertical) const;
-  /// The kerning between two neighbouring glyphs by their ids.
+  /// The kerning between two neighbouring glyphs by their ids (characters, for fonts of an AFM
+  /// file); 0 for a pair that is not listed. Only a negative `size` scales an sfnt font's value: a
+  /// positive one gives font units too, which hosts rely on.
   float getPairKerningValue(unsigned short left, unsigned short right, int size,
                             bool vertical) const;
+  // What the font says of its design (OpenType `OS/2`, or its metric file).
   bool isSymbolicFont() const;
   bool isFixedWidthFont() const;
   bool isSerifLikeFont() const;
@@ -206,10 +239,11 @@ class QX_EXPORT FS_FontInfo {
 
   /// The glyph of a character, in its vertical form if asked; FS_NO_GLYPH for none.
   unsigned short getGlyphID(int codePoint, bool vertical) const;
-  /// The glyphs of a text, one for each character.
+  /// The glyphs of a text, one for each character; FS_NO_GLYPH where the font has none.
   /// @param out room for `text.length()` ids.
   /// @param count told the number written.
-  /// @param firstMissing told the UTF-16 index of the first character without a glyph; may be null.
+  /// @param firstMissing told the UTF-16 index of the first character without a glyph, -1 for none;
+  ///   may be null.
   /// @return false, with nothing touched, without a font, for an empty text and for null `out`.
   bool getGlyphIDs(const UnicodeString& text, unsigned short* out, int& count, bool vertical,
                    int* firstMissing) const;
@@ -221,14 +255,18 @@ class QX_EXPORT FS_FontInfo {
   bool hasVerticalGlyph() const;
   /// Whether a character has a vertical form of its own.
   bool hasVerticalGlyph(int codePoint) const;
+  /// Whether the face has vertical advances (OpenType `vhea`) and, once it is loaded, forms to set
+  /// by them.
   bool hasVerticalMetrics() const;
+  /// Whether `variationSequence` has anything to answer.
   bool hasVariationSelector() const;
   /// Glyph of a character with a variation selector (OpenType `cmap` format 14); FS_NO_GLYPH.
   unsigned short variationSequence(int codePoint, int selector) const;
   /// GCD_NONE for an empty handle.
   GlyphClassDef getGlyphClassDef(unsigned short gid) const;
+  /// FS_ENCODING_NONE for fonts without PostScript outlines.
   FS_EncodingScheme getEncodingScheme() const;
-  /// On false `out` stays.
+  /// The character collection of a CID-keyed font; false for all others. On false `out` stays.
   bool getCIDSystemInfo(FS_CIDSystemInfo& out) const;
   /// Whether the rasterizer can open the face; the spelling belongs to the interface.
   bool isGlyphDrawInfoAvialable() const;
@@ -241,7 +279,9 @@ class QX_EXPORT FS_FontInfo {
   /// `deleteGSUBGPOSInfo`, before the font goes. Null for an empty handle and a font that is not
   /// sfnt; a font without the tables, the script or the language gives an info that has neither.
   FS_GSUBGPOSInfo* getGSUBGPOSInfo(unsigned int scriptTag, unsigned int languageTag) const;
+  /// `info` may be null.
   static void deleteGSUBGPOSInfo(FS_GSUBGPOSInfo* info);
+  /// Whether there is substitution for the script and language; false for null.
   static bool hasGSUBInfo(const FS_GSUBGPOSInfo* info);
   static bool hasGPOSInfo(const FS_GSUBGPOSInfo* info);
   /// Always false: extended glyph metamorphosis is not applied.
@@ -275,7 +315,10 @@ class QX_EXPORT FS_FontInfo {
   /// @return whether any lookup applied. `info` must not be null.
   static bool processGPOS(const FS_GSUBGPOSInfo* info, unsigned int tag,
                           std::vector<GlyphIDPosition>& glyphs, int position, bool rightToLeft);
-  /// Applies one positioning lookup to a whole vector, as `processGSUB3` does.
+  /// Applies one positioning lookup to a whole vector, as `processGSUB3` does; `index` is that of
+  /// `getGPOSFeatureTag`.
+  /// @return the first index that changed, not a count; -1 when none did, for an `index` without a
+  ///   lookup and for null.
   static int processGPOS3(const FS_GSUBGPOSInfo* info, int index,
                           std::vector<GlyphIDPosition>& glyphs, bool rightToLeft);
   /// Always false, with `output` untouched.
@@ -288,14 +331,19 @@ class QX_EXPORT FS_FontInfo {
   unsigned short getFontEmbeddingLicence() const;
   /// FS_EMBED_RESTRICTED for an empty handle.
   FS_EMBEDSTATUS getEmbedStatus() const;
+  /// How many characters the font can show, by its largest character map.
   unsigned int getEmbedableCharCount() const;
+  /// Whether there are outlines to write. What the licence allows is another question, which no
+  /// member below asks: see `getEmbedStatus`.
   bool canEmbedFont() const;
   /// An sfnt subset of the tables in a zero-ended list of tags; null takes all tables.
   bool getEmbedFont(const std::vector<unsigned short>& gids, QXMemStream& out,
                     const unsigned int* tags) const;
   /// A subset for a PDF document: sfnt for `glyf` outlines, bare CFF for `CFF ` ones.
   bool getEmbedFont(const std::vector<unsigned short>& gids, QXMemStream& out) const;
+  /// The font as an sfnt: whole with `CFF ` outlines, else a subset of all tables.
   bool getSVG2EmbedFont(const std::vector<unsigned short>& gids, QXMemStream& out) const;
+  /// An sfnt subset like that for a PDF document, with the whole `cmap`; `glyf` outlines only.
   bool getEmbedFontWithCmap(const std::vector<unsigned short>& gids, QXMemStream& out) const;
   /// The whole font.
   bool getEmbedFontStream(QXMemStream& out) const;

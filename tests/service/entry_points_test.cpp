@@ -73,6 +73,27 @@ TEST_F(EntryPoints, AVariableIsRelativeToTheModuleAndOfBoundedLength) {
       << "what does not fit with its zero counts as empty";
 }
 
+TEST_F(EntryPoints, AFolderIsNoConfiguration) {
+  world.folder("/etc/qx/font-config.xml");
+  EXPECT_EQ(FS_GetFontConfigPath(kVariable, false), icu::UnicodeString());
+  EXPECT_EQ(FS_GetFontConfigPath(kVariable, true), icu::UnicodeString("/etc/qx/font-config.xml"));
+}
+
+TEST_F(EntryPoints, AVariableThatLeadsNowhereIsNoErrorWhereTheSystemHasFonts) {
+  world.folder("/usr/share/fonts").addFontFolderCandidate("/usr/share/fonts/");
+  world.setEnvironment("QX_LOST", "/nowhere/c.xml");
+  QXError error;
+  EXPECT_EQ(FontServiceOpen("QX_LOST", &error), FS_ERROR_NONE);
+  EXPECT_EQ(FS_FontRegistry::current()->folders().size(), 1u);
+}
+
+TEST_F(EntryPoints, TagsAndTheSystemsFontFolderAreToldWithoutOpening) {
+  world.folder("/b").addFontFolderCandidate("/a/").addFontFolderCandidate("/b/");
+  EXPECT_EQ(getWinFontsPath(), icu::UnicodeString("/b/"));
+  EXPECT_EQ(toTAG(u"GSUB"), 0x47535542u);
+  EXPECT_EQ(FS_FontRegistry::current(), nullptr);
+}
+
 TEST_F(EntryPoints, FoldersAreToldWithoutOpening) {
   std::vector<UnicodeString> out = {u"old"};
   configure(
@@ -224,6 +245,14 @@ TEST_F(Enumeration, TellsWhereAFontOfTheWholeListComesFrom) {
       << "a search by family tells the pool alone";
 }
 
+TEST_F(Enumeration, ShowsBothObjectsOfTheEudcDefault) {
+  world.file("/e/g.ttf", namedFont(u"G"));
+  open(
+      "<font-folder path=\"/f\"/><eudc-processing>"
+      "<eudc-system-default file-path=\"/e/g.ttf\"/></eudc-processing>");
+  EXPECT_EQ(walk(u""), (std::vector<Face>{{4, "G", 400, 5, 16}, {4, "G", 400, 5, 16}}));
+}
+
 TEST_F(Enumeration, WalksTheFacesOfAFamilyByStyle) {
   world.file("/f/a.ttf", namedFont(u"Fam", {700, false, 5})).file("/f/b.ttf", namedFont(u"Fam"));
   openFolder();
@@ -293,7 +322,7 @@ TEST_F(Enumeration, WhatTheCallbackThrowsPassesAndLeavesTheServiceUsable) {
   EXPECT_EQ(walk(u"Fam").size(), 1u);
 }
 
-TEST_F(Enumeration, AFontThatHasNoRecordIsPassedOver) {
+TEST_F(Enumeration, ADocumentWithoutFontsAddsNothing) {
   world.file("/f/a.ttf", namedFont(u"A"));
   openFolder();
   FS_ExtraFontManager manager;

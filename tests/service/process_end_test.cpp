@@ -4,10 +4,12 @@
 #include <cstdlib>
 
 #include "qxfontservice/extra_font_manager.h"
+#include "qxfontservice/glyph_draw_info.h"
 #include "qxfontservice/service.h"
 
 #include "service/service_test.h"
 #include "support/sample_font.h"
+#include "support/woff_builder.h"
 
 namespace QXFontService_NS {
 namespace {
@@ -43,6 +45,20 @@ class ProcessEnd : public qxtest::ServiceTest {
     if (pooled.getFont() == nullptr || document.getFont() == nullptr) std::exit(1);
     leave();
   }
+  /// A document whose font has a face open, and which the host destroys behind the service.
+  [[noreturn]] static void leaveWithADocument() {
+    static FS_ExtraFontManager document;
+    static FS_FontInfo font;
+    FS_GlyphDrawInfo drawn;
+    QXError error;
+    const int number =
+        document.appendExtraFont(u"/doc/a.woff", FS_FILETYPE_UNKNOWN, u"Web", 0, -1, &error);
+    if (number != 0 || !font.createFont(u"Web", 400, false, document.getExtraFonts()) ||
+        !font.getGlyphDrawInfo(2, drawn, false)) {
+      std::exit(1);
+    }
+    leave();
+  }
   [[noreturn]] static void leaveAfterAFailedOpen() {
     try {
       FontServiceOpen("QX_CONFIG", nullptr);
@@ -64,6 +80,11 @@ TEST_F(ProcessEnd, ClosingLeavesTheFontsToIt) {
 TEST_F(ProcessEnd, HandlesThatAreStillOpenDoNoHarm) {
   world.file("/doc/a.ttf", qxtest::sampleFont().build());
   EXPECT_EXIT(leaveWithOpenHandles(), testing::ExitedWithCode(0), "leaving\nfont destroyed");
+}
+
+TEST_F(ProcessEnd, ADocumentMayGoBehindTheService) {
+  world.file("/doc/a.woff", qxtest::WoffBuilder::of(qxtest::sampleFont()).build());
+  EXPECT_EXIT(leaveWithADocument(), testing::ExitedWithCode(0), "leaving\nfont destroyed");
 }
 
 TEST_F(ProcessEnd, AHalfBuiltServiceIsDestroyedToo) {

@@ -21,25 +21,37 @@ constexpr int kMostLinks = 40;
 
 class CountedFile final : public QXCommonNS::stream::RandomSource {
  public:
-  CountedFile(std::shared_ptr<const std::string> content, std::shared_ptr<PlatformCounts> counts)
-      : content_(std::move(content)), counts_(std::move(counts)), size_(content_->size()) {
-    ++counts_->opened;
+  CountedFile(std::shared_ptr<const std::string> content, std::shared_ptr<PlatformLog> log)
+      : content_(std::move(content)), log_(std::move(log)), size_(content_->size()) {
+    note([](PlatformCounts& counts) { ++counts.opened; });
   }
-  ~CountedFile() override { ++counts_->closed; }
+  ~CountedFile() override {
+    note([](PlatformCounts& counts) { ++counts.closed; });
+  }
 
   [[nodiscard]] std::uint64_t size() const override { return size_; }
   std::size_t readAt(std::uint64_t offset, std::span<char> out) override {
-    ++counts_->reads;
-    if (offset >= content_->size()) return 0;
-    const std::size_t count = std::min<std::uint64_t>(out.size(), content_->size() - offset);
-    std::memcpy(out.data(), content_->data() + offset, count);
-    counts_->bytesRead += count;
+    std::size_t count = 0;
+    if (offset < content_->size()) {
+      count = std::min<std::uint64_t>(out.size(), content_->size() - offset);
+      std::memcpy(out.data(), content_->data() + offset, count);
+    }
+    note([count](PlatformCounts& counts) {
+      ++counts.reads;
+      counts.bytesRead += count;
+    });
     return count;
   }
 
  private:
+  template <class Note>
+  void note(Note&& take) {
+    const std::lock_guard guard(log_->mutex);
+    take(log_->counts);
+  }
+
   std::shared_ptr<const std::string> content_;
-  std::shared_ptr<PlatformCounts> counts_;
+  std::shared_ptr<PlatformLog> log_;
   std::uint64_t size_;  // as it was when the file was opened
 };
 
@@ -65,7 +77,7 @@ std::string parentOf(const std::string& path) {
 
 }  // namespace
 
-MemoryPlatform::MemoryPlatform() : counts_(std::make_shared<PlatformCounts>()) {
+MemoryPlatform::MemoryPlatform() : log_(std::make_shared<PlatformLog>()) {
   nodes_[""];
 }
 MemoryPlatform::~MemoryPlatform() = default;
@@ -163,9 +175,25 @@ MemoryPlatform& MemoryPlatform::registry(std::string_view text) {
   return *this;
 }
 
+PlatformCounts MemoryPlatform::counts() const {
+  const std::lock_guard guard(log_->mutex);
+  return log_->counts;
+}
+
+std::size_t MemoryPlatform::openStreams() const {
+  const PlatformCounts now = counts();
+  return now.opened - now.closed;
+}
+
+std::vector<std::string> MemoryPlatform::openedPaths() const {
+  const std::lock_guard guard(log_->mutex);
+  return log_->openedPaths;
+}
+
 void MemoryPlatform::resetCounts() {
-  *counts_ = {};
-  openedPaths_.clear();
+  const std::lock_guard guard(log_->mutex);
+  log_->counts = {};
+  log_->openedPaths.clear();
 }
 
 std::optional<std::string> MemoryPlatform::resolved(const std::string& path) const {
@@ -195,9 +223,12 @@ const MemoryPlatform::Node* MemoryPlatform::find(const std::string& path) const 
 std::unique_ptr<std::istream> MemoryPlatform::openFile(const std::string& path) {
   const Node* node = find(path);
   if (node == nullptr || node->kind != FileKind::regular || node->unreadable) return nullptr;
-  openedPaths_.push_back(path);
+  {
+    const std::lock_guard guard(log_->mutex);
+    log_->openedPaths.push_back(path);
+  }
   return std::make_unique<QXCommonNS::stream::SourceStream>(
-      std::make_unique<CountedFile>(node->content, counts_));
+      std::make_unique<CountedFile>(node->content, log_));
 }
 
 FileKind MemoryPlatform::fileKind(const std::string& path) {
@@ -213,7 +244,10 @@ bool MemoryPlatform::identity(const std::string& path, FileIdentity& out) {
 }
 
 bool MemoryPlatform::listFolder(const std::string& path, std::vector<FolderEntry>& out) {
-  ++counts_->listings;
+  {
+    const std::lock_guard guard(log_->mutex);
+    ++log_->counts.listings;
+  }
   out.clear();
   const std::optional<std::string> real = resolved(path);
   const Node* folder = find(path);

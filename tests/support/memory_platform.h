@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -23,9 +24,17 @@ struct PlatformCounts {
   std::size_t listings = 0;
 };
 
+/// What a platform and its streams, which may live longer, note of their use on any thread.
+struct PlatformLog {
+  std::mutex mutex;
+  PlatformCounts counts;
+  std::vector<std::string> openedPaths;
+};
+
 /// A small world in memory for tests: a tree of files, an environment and a registry.
 ///
 /// Paths are absolute and have `/` as separator; folders on the way to a file make themselves.
+/// Any thread may ask it; it is built and changed by one thread while no other asks.
 /// `MemoryPlatform world; world.file("/fonts/a.ttf", bytes).hidden("/fonts/a.ttf");`
 class MemoryPlatform : public QXCommonNS::FS_Platform {
  public:
@@ -62,10 +71,10 @@ class MemoryPlatform : public QXCommonNS::FS_Platform {
   /// In quotes, `\` is an ordinary character. A line that is none of these ends the program.
   MemoryPlatform& registry(std::string_view text);
 
-  [[nodiscard]] const PlatformCounts& counts() const { return *counts_; }
-  [[nodiscard]] std::size_t openStreams() const { return counts_->opened - counts_->closed; }
+  [[nodiscard]] PlatformCounts counts() const;
+  [[nodiscard]] std::size_t openStreams() const;
   /// The paths that were opened, in order.
-  [[nodiscard]] const std::vector<std::string>& openedPaths() const { return openedPaths_; }
+  [[nodiscard]] std::vector<std::string> openedPaths() const;
   void resetCounts();
 
   // FS_Platform
@@ -101,8 +110,7 @@ class MemoryPlatform : public QXCommonNS::FS_Platform {
 
   std::map<std::string, Node> nodes_;
   std::uint64_t lastNumber_ = 0;
-  std::shared_ptr<PlatformCounts> counts_;
-  std::vector<std::string> openedPaths_;
+  std::shared_ptr<PlatformLog> log_;
   std::map<std::string, std::string> environment_;
   std::map<QXCommonNS::KnownFolder, std::string> knownFolders_;
   std::vector<std::string> fontFolderCandidates_;

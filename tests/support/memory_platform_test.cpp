@@ -124,6 +124,23 @@ TEST(MemoryPlatform, TellsWhatItWasTold) {
   EXPECT_EQ(world.fontFolderCandidates(), std::vector<std::string>{"/s/"});
 }
 
+TEST(MemoryPlatform, CountsWhatThreadsOpenAtOnce) {
+  MemoryPlatform world;
+  world.file("/a.ttf", "content");
+  constexpr int kThreads = 4;
+  constexpr int kRounds = 200;
+  std::vector<std::thread> threads;
+  for (int i = 0; i < kThreads; ++i) {
+    threads.emplace_back([&world] {
+      for (int round = 0; round < kRounds; ++round) (void)world.openFile("/a.ttf")->get();
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(world.counts().opened, std::size_t{kThreads} * kRounds);
+  EXPECT_EQ(world.openStreams(), 0u);
+  EXPECT_EQ(world.openedPaths().size(), std::size_t{kThreads} * kRounds);
+}
+
 TEST(RegistryText, ReadsTextsMultiTextsAndBytes) {
   MemoryPlatform world;
   world.registry(

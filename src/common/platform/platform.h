@@ -13,7 +13,7 @@ namespace QXCommonNS {
 /// What a path leads to, links followed. `none` is also a link that leads nowhere.
 enum class FileKind { none, regular, folder, other };
 
-/// Folders that Windows knows by number (CSIDL).
+/// Folders that Windows knows by number (CSIDL); other systems have some of them too.
 enum class KnownFolder {
   fonts = 20,
   roamingData = 26,
@@ -84,7 +84,8 @@ class FS_Platform {
   /// The absolute folder, with closing separator, of the loaded module `stem` (no extension), or
   /// of the one that holds this code; empty when it cannot be told.
   virtual std::string modulePath(std::string_view stem) = 0;
-  /// The user's locale as "ja_JP"; "en_US_POSIX" when none is set.
+  /// A locale, such as "ja_JP", that stands in for ICU's default; empty, as on every real system,
+  /// where ICU's own serves.
   virtual std::string localeName() = 0;
 };
 

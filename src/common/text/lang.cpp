@@ -7,9 +7,9 @@
 namespace QXCommonNS {
 namespace {
 
-/// The locale of a name, made canonical, so that "zh-TW" and "zh_TW" both equal ICU's constant.
-/// The last one is kept: every font with names in several languages asks, and making one costs as
-/// much as reading the names.
+/// The locale that a platform names, made canonical, so that "zh-TW" and "zh_TW" both equal ICU's
+/// constant. The last one is kept: every font with names in several languages asks, and making
+/// one costs as much as reading the names.
 Locale canonicalLocale(const std::string& name) {
   struct Made {
     std::string name;

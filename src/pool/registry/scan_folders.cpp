@@ -73,9 +73,10 @@ class FolderScan {
                                                   static_cast<unsigned char>(0), true);
     Trail trail = trailOf(parent);
     if (!extendTrail(trail, *folder)) return nullptr;
-    --foldersLeft_;
     const FS_FontFolder* added = registry_.folders().add(std::move(folder), behind, false);
-    if (added != nullptr) trails_[added] = std::move(trail);
+    if (added == nullptr) return nullptr;  // known already, so it is scanned once in any case
+    --foldersLeft_;
+    trails_[added] = std::move(trail);
     return added;
   }
 

@@ -58,9 +58,19 @@ TEST_F(QXLangTest, TakesTheSpellingOfOtherSystems) {
   EXPECT_TRUE(QXLang::getDefaultLocale() == Locale::getTraditionalChinese());
 }
 
-TEST_F(QXLangTest, IsIcusLocaleWhereTheSystemHasNone) {
+TEST_F(QXLangTest, IsIcusLocaleWhereThePlatformHasNone) {
   become("");
   EXPECT_TRUE(QXLang::getDefaultLocale() == Locale::getDefault());
+}
+
+TEST_F(QXLangTest, FollowsTheHostThatSetsIcusLocale) {
+  become("");
+  const Locale before = Locale::getDefault();
+  UErrorCode status = U_ZERO_ERROR;
+  Locale::setDefault(Locale::getJapan(), status);
+  EXPECT_EQ(QXLang::getDefaultLocale().getLCID(), 0x411u);
+  Locale::setDefault(before, status);
+  EXPECT_TRUE(QXLang::getDefaultLocale() == before);
 }
 
 TEST_F(QXLangTest, IsTheDefaultLanguageUnlessToldOtherwise) {

@@ -45,10 +45,12 @@ TEST_F(ConfigAlias, WeightsAreIntegersOrWords) {
     int weight;
     bool reported;
   };
-  for (const Case& c : {Case{"700", 700, false}, Case{"100", 100, false}, Case{"900", 900, false},
-                        Case{"99", 99, true}, Case{"901", 901, true}, Case{"Bold", 700, false},
-                        Case{"demi", 700, false}, Case{"black", 400, false},
-                        Case{"extra bold", 700, false}, Case{"light", 400, false}}) {
+  for (const Case& c :
+       {Case{"700", 700, false}, Case{"100", 100, false}, Case{"900", 900, false},
+        Case{"99", 99, true}, Case{"901", 901, true}, Case{"Bold", 700, false},
+        Case{"demi", 700, false}, Case{"black", 400, false}, Case{"extra bold", 700, false},
+        Case{"light", 400, false}, Case{"DEMI", 700, false}, Case{"0x190", 400, false},
+        Case{"0", 0, true}, Case{"-1", -1, true}, Case{"99999999999", 400, false}}) {
     const ConfigOutcome outcome =
         readAlias("family-name=\"N\" weight=\"" + std::string(c.text) + "\"");
     EXPECT_EQ(first().weight, c.weight) << c.text;
@@ -129,6 +131,8 @@ TEST_F(ConfigAlias, EntriesCountFromOneInCollections) {
   }
   EXPECT_TRUE(readInFolder("<font-alias file=\"a.ttf\" entry=\"two\"/>").collected.empty())
       << "other files have no entries to read";
+  readInFolder("<font-alias file=\"a.ttf\" entry=\"2\"/>");
+  EXPECT_EQ(record().entry, 0);
 }
 
 TEST_F(ConfigAlias, OnlyAliasesStandInside) {
@@ -252,6 +256,28 @@ TEST_F(ConfigEudc, ChildrenHaveNoChildren) {
   EXPECT_EQ(readEudc("<eudc-range start=\"1\"><x/></eudc-range>").thrown, 1028);
   EXPECT_EQ(readEudc("<eudc-range start=\"1\"></eudc-map>").thrown, 1029);
   EXPECT_EQ(readInRoot("<eudc-processing></font-config>").thrown, 1029);
+}
+
+TEST_F(ConfigEudc, EachChildHoldsNothingAndEndsInItsOwnTag) {
+  for (const std::string child :
+       {"eudc-map family-name=\"F\" file-path=\"e\"", "eudc-range start=\"1\"",
+        "eudc-system-default file-path=\"e\""}) {
+    const std::string name = child.substr(0, child.find(' '));
+    const std::string start = "<" + child + ">";
+    EXPECT_EQ(readEudc(start + "</" + name + ">").thrown, 0) << name;
+    EXPECT_EQ(readEudc(start + "<eudc-range/></" + name + ">").thrownText,
+              inFile("Unexpected start tag: <eudc-range>"));
+    EXPECT_EQ(readEudc(start + "</eudc-processing>").thrownText,
+              inFile("Unexpected end tag: </eudc-processing>"));
+  }
+}
+
+TEST_F(ConfigEudc, OfARangeTheStartIsJudgedBeforeTheEnd) {
+  EXPECT_EQ(readEudc("<eudc-range start=\"65536\" end=\"0\"/>").collected,
+            (Messages{inFile("Invalid value: <eudc-range start=\"65536\">"),
+                      inFile("Invalid value: <eudc-range end=\"0\">")}));
+  EXPECT_TRUE(isEudc(0) && isEudc(0xFFFF)) << "swapped and used as far as they go";
+  EXPECT_EQ(readEudc("<eudc-range start=\"1\" end=\"65535\"/>").collected, Messages());
 }
 
 }  // namespace

@@ -95,10 +95,57 @@ TEST_F(ConfigFolder, AnUnknownMacroFolderMakesTheRelativePathThatItIs) {
   EXPECT_TRUE(registry->settings().winFontsUsed) << "the macro was used, found or not";
 }
 
-TEST_F(ConfigFolder, HomeIsExpandedWhenItsVariableIsNamed) {
+TEST_F(ConfigFolder, EachMacroOfAFolderThatTheSystemLacksStays) {
+  for (const std::string macro : {"APPDATA", "LOCALAPPDATA", "PROGRAMDATA", "HOME", "OTHER"}) {
+    const std::string path = "@@" + macro + "@@/f";
+    EXPECT_EQ(
+        readInRoot("<font-folder path=\"" + path + "\"/>").collected,
+        Messages{inFile("Relative path is not allowed: <font-folder path=\"" + path + "\">")});
+    EXPECT_FALSE(registry->settings().winFontsUsed);
+  }
+}
+
+TEST_F(ConfigFolder, AMacroIsExpandedWhereverItStandsAndInItsSpellingAlone) {
+  world.setKnownFolder(QXCommonNS::KnownFolder::commonData, "/usr");
+  read(
+      "<font-config><font-folder path=\"@@PROGRAMDATA@@/x@@PROGRAMDATA@@\"/>"
+      "<font-folder path=\"/@@programdata@@\"/></font-config>");
+  ASSERT_EQ(registry->folders().size(), 2u);
+  EXPECT_EQ(registry->folders()[0].getText(), icu::UnicodeString("/usr/x/usr/"));
+  EXPECT_EQ(registry->folders()[1].getText(), icu::UnicodeString("/@@programdata@@/"));
+}
+
+TEST_F(ConfigFolder, HomeIsExpandedWhenItsVariableIsNamedAndSet) {
+  const std::string xml = "<font-config><font-folder path=\"@@HOME@@/f\"/></font-config>";
   world.setEnvironment("HOME", "/home/a");
-  read("<font-config><font-folder path=\"@@HOME@@/f\"/></font-config>", "HOME");
+  read(xml, "HOME");
   EXPECT_EQ(registry->folders()[0].getText(), icu::UnicodeString("/home/a/f/"));
+  EXPECT_EQ(read(xml, "QX_NOT_SET").collected.size(), 1u);
+  EXPECT_EQ(read(xml).collected.size(), 1u);
+}
+
+TEST_F(ConfigFolder, OnlyThePathOfAFolderHasMacros) {
+  world.setKnownFolder(QXCommonNS::KnownFolder::commonData, "/usr");
+  read(
+      "<font-config><font-folder path=\"/f\"><font-entry file=\"a.afm\" "
+      "glyph-list=\"@@PROGRAMDATA@@\"/></font-folder><eudc-processing>"
+      "<eudc-map family-name=\"F\" file-path=\"@@PROGRAMDATA@@/e\"/>"
+      "<eudc-system-default file-path=\"@@PROGRAMDATA@@/d\"/></eudc-processing></font-config>");
+  EXPECT_EQ(options(u"a.afm").glyphList.getText(), icu::UnicodeString("/f/@@PROGRAMDATA@@"));
+  EXPECT_EQ(registry->settings().eudcMap.at(u"F").getText(),
+            icu::UnicodeString("/etc/qx/@@PROGRAMDATA@@/e"));
+  EXPECT_EQ(registry->settings().eudcSystemDefault.getText(),
+            icu::UnicodeString("/etc/qx/@@PROGRAMDATA@@/d"));
+}
+
+TEST_F(ConfigFolder, UnknownAttributesArePassedOver) {
+  EXPECT_TRUE(
+      readInFolder("<font-exclude file=\"a\" colour=\"red\" Path=\"/x\"/>").collected.empty());
+  EXPECT_TRUE(options(u"a").exclude);
+  EXPECT_TRUE(
+      read("<font-config version=\"9\"><font-folder path=\"/f\" Recursive=\"yes\"/></font-config>")
+          .collected.empty());
+  EXPECT_EQ(folder().recursive, 0) << "names are case-sensitive";
 }
 
 TEST_F(ConfigFolder, ChildrenMayRepeatAndUnknownOnesAreThrown) {
@@ -122,6 +169,29 @@ TEST_F(ConfigFolder, EndTagsOfTheSixChildrenPassAnywhere) {
   }
   EXPECT_EQ(readInFolder("</alias>").thrown, 1029);
   EXPECT_EQ(readInFolder("</font-config>").thrown, 1029);
+}
+
+TEST_F(ConfigFolder, AnyOfTheSixEndTagsClosesAChild) {
+  const ConfigOutcome outcome = readInFolder(
+      "<font-exclude file=\"a\"></glyph-list><font-exclude file=\"b\"></font-exclude>");
+  EXPECT_EQ(outcome.thrown, 0);
+  EXPECT_EQ(folder().fileOptions.count(u"b"), 1u);
+}
+
+TEST_F(ConfigFolder, TheEndTagOfTheFolderClosesItFromInsideAChild) {
+  const ConfigOutcome outcome = read(
+      "<font-config><font-folder path=\"/f\"><font-exclude file=\"a\"></font-folder>"
+      "<font-folder path=\"/g\"/></font-config>");
+  EXPECT_EQ(outcome.thrown, 0);
+  EXPECT_EQ(registry->folders().size(), 2u) << "\"/g\" is a child of the root";
+}
+
+TEST_F(ConfigFolder, ABareNameMattersToTheChildrenOfARefusedFolderToo) {
+  const ConfigOutcome outcome =
+      readInRoot("<font-folder path=\"rel\"><font-exclude file=\"x/y\"/></font-folder>");
+  EXPECT_EQ(outcome.collected.size(), 2u);
+  EXPECT_FALSE(reachedEnd());
+  EXPECT_EQ(outcome.thrown, 1027);
 }
 
 TEST_F(ConfigFolder, ChildrenOfARefusedFolderAreReadWithoutEffect) {
@@ -205,6 +275,30 @@ TEST_F(ConfigFolder, BooleansOfEntriesStoreBothWays) {
   }
 }
 
+TEST_F(ConfigFolder, ABadBooleanLeavesWhatWasThere) {
+  const std::string entry = "<font-entry file=\"a.afm\" ";
+  readInFolder(entry +
+               "font-exclude=\"yes\" use-zero-glyph-id=\"yes\" skip-glyphname-mapping=\"yes\"/>" +
+               entry + "font-exclude=\"x\"/>" + entry + "use-zero-glyph-id=\"x\"/>" + entry +
+               "skip-glyphname-mapping=\"x\"/>");
+  EXPECT_TRUE(options(u"a.afm").exclude);
+  EXPECT_TRUE(options(u"a.afm").useZeroGlyphId);
+  EXPECT_TRUE(options(u"a.afm").skipGlyphnameMapping);
+  EXPECT_TRUE(options(u"a.pfm").skipGlyphnameMapping);
+}
+
+TEST_F(ConfigFolder, FlagsAdjustsAndRangesHoldForTheOneMetricFile) {
+  readInFolder(
+      "<font-entry file=\"n.afm\" font-exclude=\"yes\" use-zero-glyph-id=\"yes\" "
+      "font-size-adjust=\"2\" baseline-adjust=\"3\" unicode-range=\"U+41\" glyph-list=\"l\"/>");
+  const FS_FontFileOptions& sibling = options(u"n.pfm");
+  EXPECT_FALSE(sibling.glyphList.isEmpty());
+  EXPECT_FALSE(sibling.exclude || sibling.useZeroGlyphId);
+  EXPECT_EQ(sibling.fontSizeAdjust, 1.0F);
+  EXPECT_EQ(sibling.baselineAdjust, 0.0F);
+  EXPECT_EQ(sibling.range, nullptr);
+}
+
 TEST_F(ConfigFolder, ListsAndMappingOfAnEntryHoldForBothMetricFiles) {
   readInFolder(
       "<font-entry file=\"N.AFM\" glyph-list=\"list.txt\" skip-glyphname-mapping=\"yes\"/>");
@@ -243,6 +337,14 @@ TEST_F(ConfigFolder, BadGlyphListsEndTheReading) {
       {"<glyph-list file=\"l\" afm=\"a.afm\" pfm=\"b.pfm\"/>"
        "<glyph-list file=\"m\" afm=\"c.afm\" pfm=\"B.pfm\"/>",
        "Already registered value: <glyph-list pfm=\"B.pfm\">"},
+      {"<glyph-list file=\"l\" afm=\"a.afm\" pfm=\"b.pfm\"/>"
+       "<glyph-list file=\"m\" afm=\"A.afm\" pfm=\"B.pfm\"/>",
+       "Already registered value: <glyph-list afm=\"A.afm\">"},
+      {"<glyph-list file=\"l\" pfm=\"n.pfm\"/><glyph-list file=\"m\" pfm=\"n.pfm\"/>",
+       "Already registered value: <glyph-list afm=\"n.afm\">"},
+      {"<glyph-list file=\"d/l\" afm=\"d/n.afm\"/>",
+       "Font file must be base file name: <glyph-list file=\"d/l\">"},
+      {"<glyph-list afm=\"d/n.afm\"/>", "Empty value: <glyph-list file>"},
   };
   for (const Case& c : cases) {
     const ConfigOutcome outcome =

@@ -203,7 +203,19 @@ TEST_F(ConfigRoot, ElementsHaveTheirPlace) {
     EXPECT_EQ(outcome.thrown, 1028) << c.name;
     EXPECT_EQ(outcome.thrownText, inFile("Unexpected start tag: <" + c.refused + ">")) << c.name;
   }
-  EXPECT_EQ(read("<font-config><otf-metrics-mode></font-config>").thrown, 1029);
+}
+
+TEST_F(ConfigRoot, ElementsHoldNothingAndEndInTheirOwnTag) {
+  for (const std::string element :
+       {"name-processing-mode", "otf-metrics-mode", "windows-registry reference=\"enable\""}) {
+    const std::string name = element.substr(0, element.find(' '));
+    const std::string start = "<" + element + ">";
+    EXPECT_EQ(readInRoot(start + " text </" + name + ">").thrown, 0) << name;
+    EXPECT_EQ(readInRoot(start + "<font-folder path=\"/f\"/></" + name + ">").thrownText,
+              inFile("Unexpected start tag: <font-folder>"));
+    EXPECT_EQ(readInRoot(start + "</eudc-processing>").thrownText,
+              inFile("Unexpected end tag: </eudc-processing>"));
+  }
 }
 
 TEST_F(ConfigRoot, MetricsAndRegistryMayStandBehindAFolder) {

@@ -1,5 +1,8 @@
 #include "qxfontservice/extra_font_manager.h"
 
+#include <memory>
+#include <type_traits>
+
 #include "qxcommon/ptr.h"
 
 #include "font/contract/class_ids.h"
@@ -117,6 +120,15 @@ TEST_F(ExtraFontManager, TheCodeOfTheErrorIsResetAndItsMessageStays) {
   EXPECT_EQ(append(u"/d/missing.woff", u"One"), -1);
   appendFile(u"/d/a.woff", webFont(), u"One");
   EXPECT_EQ(failure(), "0 Cannot open font-face font.\n/d/missing.woff");
+}
+
+TEST_F(ExtraFontManager, AFailureReplacesTheRecordWhole) {
+  error = QXError(7, u"old", u"second", 3, 4, u"third");
+  EXPECT_EQ(append(u"/d/missing.woff", u"One"), -1);
+  EXPECT_EQ(failure(), "1931 Cannot open font-face font.\n/d/missing.woff");
+  EXPECT_TRUE(error.getSecondText().isEmpty() && error.getThirdText().isEmpty());
+  EXPECT_EQ(error.getFirstNumber(), -1);
+  EXPECT_EQ(error.getSecondNumber(), -1);
 }
 
 TEST_F(ExtraFontManager, ContentTypesOfWebFontsGoBeforeTheExtension) {
@@ -394,6 +406,11 @@ TEST_F(ExtraFontManager, AssignedManagersNameOnePool) {
   *borrower = manager;
   EXPECT_EQ(borrower->getExtraFonts(), manager.getExtraFonts());
   ::operator delete(borrower);
+}
+
+TEST_F(ExtraFontManager, IsNotCopiedByAccident) {
+  EXPECT_FALSE(std::is_copy_constructible_v<FS_ExtraFontManager>) << "two would own one pool";
+  EXPECT_TRUE(std::is_copy_assignable_v<FS_ExtraFontManager>);
 }
 
 TEST_F(ExtraFontManager, FontsGoWithTheManager) {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <istream>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -68,6 +70,81 @@ TEST_F(Eudc, ADamagedDefaultIsCollected) {
   EXPECT_EQ(loaded(), (std::vector<std::string>{"/e/g.ttf", "/e/g.ttf"}))
       << "the second one is tried all the same, and both stay";
   EXPECT_EQ(fileOf(u"QX Sample-Regular"), "");
+}
+
+/// A world in which opening one file fails at a given time, counted from 1.
+class ForgetfulWorld final : public qxtest::MemoryPlatform {
+ public:
+  std::unique_ptr<std::istream> openFile(const std::string& path) override {
+    if (path == forgotten && ++openings == failing) return nullptr;
+    return MemoryPlatform::openFile(path);
+  }
+
+  std::string forgotten;
+  int failing = 0;
+  int openings = 0;
+};
+
+class EudcDefault : public Eudc {
+ protected:
+  /// Opens with a default whose file fails at an opening: found, loaded, found again, loaded.
+  void openFailing(int failing) {
+    forgetful.file("/e/g.ttf", namedFont(u"G")).file("/etc/qx/font-config.xml", kXml);
+    forgetful.setEnvironment(kVariable, "/etc/qx/font-config.xml");
+    forgetful.forgotten = "/e/g.ttf";
+    forgetful.failing = failing;
+    QXCommonNS::setPlatformForTests(&forgetful);
+    registry = FS_FontRegistry::open(kVariable, nullptr);
+  }
+  [[nodiscard]] bool hasDefault(bool vertical) const {
+    return registry->services().eudcDefault(vertical).font != nullptr;
+  }
+
+  static constexpr const char* kXml =
+      "<font-config windows-registry=\"disable\"><font-folder path=\"/f\"/><eudc-processing>"
+      "<eudc-system-default file-path=\"/e/g.ttf\"/></eudc-processing></font-config>";
+  ForgetfulWorld forgetful;
+};
+
+TEST_F(EudcDefault, AFileThatIsNotFoundTwiceGivesWhatTheFirstTimeGave) {
+  openFailing(3);
+  EXPECT_TRUE(hasDefault(false));
+  EXPECT_FALSE(hasDefault(true));
+  EXPECT_EQ(loaded().size(), 1u);
+  EXPECT_TRUE(errors().empty());
+}
+
+TEST_F(EudcDefault, TheVerticalOneIsTriedThoughTheHorizontalOneDoesNotLoad) {
+  openFailing(2);
+  EXPECT_FALSE(hasDefault(false));
+  EXPECT_TRUE(hasDefault(true));
+  EXPECT_EQ(loaded().size(), 2u) << "the first one stays in the list alone";
+  EXPECT_EQ(fileOf(u"G-Regular"), "");
+  EXPECT_EQ(fileOf(u"VG-Regular"), "/e/g.ttf");
+  EXPECT_EQ(errors().size(), 1u) << "one record for both";
+}
+
+TEST_F(EudcDefault, AFailureOfTheVerticalOneIsCollectedOnce) {
+  openFailing(4);
+  EXPECT_TRUE(hasDefault(false));
+  EXPECT_FALSE(hasDefault(true));
+  EXPECT_EQ(errors().size(), 1u);
+}
+
+TEST_F(Eudc, AnExcludedDefaultIsNotLoaded) {
+  world.file("/e/g.ttf", namedFont(u"G"));
+  open(
+      "<font-folder path=\"/e\"><font-exclude file=\"G.TTF\"/></font-folder><eudc-processing>"
+      "<eudc-system-default file-path=\"/e/g.ttf\"/></eudc-processing>");
+  EXPECT_TRUE(loaded().empty());
+  EXPECT_EQ(registry->services().eudcDefault(false).font, nullptr);
+}
+
+TEST_F(Eudc, TheFolderOfALinkedFontIsKnownAndNotScanned) {
+  world.file("/e/g.ttf", namedFont(u"G")).file("/e/h.ttf", namedFont(u"H"));
+  open(mapping(link("None", "/e/g.ttf")));
+  EXPECT_EQ(loaded(), std::vector<std::string>{"/e/g.ttf"});
+  EXPECT_EQ(registry->addFontFolderPath(QXUri(u"/e", QXCommonNS::URISTR_USER)), 0);
 }
 
 TEST_F(Eudc, FilesOfOtherKindsAreIgnored) {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <istream>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -74,6 +76,75 @@ TEST_F(Open, IntoAnObjectKeepsWhatIsThrownThere) {
   EXPECT_EQ(FS_FontRegistry::open(kVariable, &own), nullptr);
   ASSERT_EQ(own.errors().size(), 1u);
   EXPECT_EQ(own.errors()[0].getErrorCode(), 1027);
+}
+
+/// A world where looking into one place throws an error.
+class TroubledWorld final : public qxtest::MemoryPlatform {
+ public:
+  bool listFolder(const std::string& path, std::vector<QXCommonNS::FolderEntry>& out) override {
+    troubleAt(path);
+    return MemoryPlatform::listFolder(path, out);
+  }
+  std::unique_ptr<std::istream> openFile(const std::string& path) override {
+    troubleAt(path);
+    return MemoryPlatform::openFile(path);
+  }
+
+  std::string trouble;
+
+ private:
+  void troubleAt(const std::string& path) const {
+    if (path == trouble) throw QXError(7, u"trouble", u"", -1, -1, u"");
+  }
+};
+
+class OpenInTrouble : public Open {
+ protected:
+  OpenInTrouble() {
+    QXCommonNS::setPlatformForTests(&troubled);
+    troubled.setEnvironment(kVariable, "/etc/qx/font-config.xml");
+    troubled.file("/f/a.ttf", namedFont(u"A")).file("/g/b.ttf", namedFont(u"B"));
+    troubled.file("/s/c.ttf", namedFont(u"C")).addSystemFontFile("/s/c.ttf");
+    troubled.file("/e/d.ttf", namedFont(u"D")).file("/e/e.ttf", namedFont(u"E"));
+    troubled.file("/etc/qx/font-config.xml",
+                  "<font-config windows-registry=\"enable\"><font-folder path=\"/f\"/>"
+                  "<font-folder path=\"/g\"/><eudc-processing>"
+                  "<eudc-map family-name=\"A\" file-path=\"/e/e.ttf\"/>"
+                  "<eudc-system-default file-path=\"/e/d.ttf\"/></eudc-processing></font-config>");
+  }
+  /// Opens with trouble at a place, and tells what was loaded.
+  std::vector<std::string> loadedWithTroubleAt(const char* place) {
+    troubled.trouble = place;
+    EXPECT_EQ(failure(kVariable), 0) << "the caller does not see it";
+    EXPECT_EQ(errors(), std::vector<std::string>(place[0] != '\0' ? 1 : 0, "trouble"));
+    return loaded();
+  }
+
+  TroubledWorld troubled;
+};
+
+using Paths = std::vector<std::string>;
+
+TEST_F(OpenInTrouble, WithoutAnyEachStepIsTakenInItsOrder) {
+  EXPECT_EQ(loadedWithTroubleAt(""),
+            (Paths{"/f/a.ttf", "/g/b.ttf", "/s/c.ttf", "/e/d.ttf", "/e/d.ttf", "/e/e.ttf"}));
+  EXPECT_TRUE(isEudc(0xE000));
+}
+
+TEST_F(OpenInTrouble, AnErrorThrownInTheScanIsCollectedAndEndsAllLaterSteps) {
+  EXPECT_EQ(loadedWithTroubleAt("/f/"), Paths());
+  EXPECT_FALSE(isEudc(0xE000)) << "not even the default range is set";
+}
+
+TEST_F(OpenInTrouble, AnErrorThrownInTheSystemsListLeavesWhatWasScanned) {
+  EXPECT_EQ(loadedWithTroubleAt("/s/c.ttf"), (Paths{"/f/a.ttf", "/g/b.ttf"}));
+  EXPECT_FALSE(isEudc(0xE000));
+}
+
+TEST_F(OpenInTrouble, AnErrorThrownByTheDefaultEudcFontLeavesTheRangeAndEndsTheLinking) {
+  EXPECT_EQ(loadedWithTroubleAt("/e/d.ttf"), (Paths{"/f/a.ttf", "/g/b.ttf", "/s/c.ttf"}));
+  EXPECT_TRUE(isEudc(0xE000));
+  EXPECT_EQ(registry->services().eudcDefault(false).font, nullptr);
 }
 
 TEST_F(Open, CollectedErrorsOfAnObjectGoToTheService) {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "pool/registry/registry_fixture.h"
+#include "support/afm_builder.h"
 
 namespace QXFontService_NS {
 namespace {
@@ -252,6 +253,19 @@ TEST_F(SystemList, TakesAbsoluteFilesThatExist) {
   EXPECT_TRUE(errors().empty());
 }
 
+TEST_F(SystemList, ValuesThatAreDamagedArePassedOver) {
+  world.file("/w", namedFont(u"W")).file("/a.ttf", namedFont(u"A"));
+  // Texts of no unit, of half a unit and without a closing zero; lists that end in their marker.
+  world.registry(std::string(kFonts) +
+                 "\"Empty\"=type 1:\n\"Half\"=type 1:2f\n\"Odd\"=type 1:2f 00 77 00 2e\n"
+                 "\"Open\"=type 1:2f 00 61 00 2e 00 74 00 74 00 66 00\n"
+                 "\"None\"=type 7:\n\"Short\"=type 7:54 00 00\n\"Marker\"=type 7:54 00 00 00\n"
+                 "\"Expanded\"=type 2:2f 00 61 00 2e 00 74 00 74 00 66 00 00 00\n");
+  openListed();
+  EXPECT_EQ(loaded(), Paths{"/a.ttf"}) << "the one that lacks nothing but its closing zero";
+  EXPECT_TRUE(errors().empty());
+}
+
 TEST_F(SystemList, AnExclusionOfTheFolderHolds) {
   world.file("/f/a.ttf", namedFont(u"A"));
   world.registry(std::string(kFonts) + "\"A\"=\"/f/A.ttf\"\n\"A2\"=\"/f/a.ttf\"\n");
@@ -289,6 +303,14 @@ TEST_F(SystemList, WithoutARegistryThePlatformsFilesServe) {
   openListed();
   EXPECT_EQ(loaded(), (Paths{"/f/b.ttf", "/w/a.ttf"}))
       << "the file of a folder that is scanned is not loaded twice";
+}
+
+TEST_F(SystemList, WithoutARegistryMetricFilesComeBehindAllOthers) {
+  world.file("/w/a.afm", qxtest::AfmBuilder().glyph(65, 700, "A").build());
+  world.file("/w/b.ttf", namedFont(u"B")).file("/w/c.PFB", "x");
+  for (const char* file : {"/w/a.afm", "/w/b.ttf", "/w/c.PFB"}) world.addSystemFontFile(file);
+  openListed();
+  EXPECT_EQ(loaded(), (Paths{"/w/b.ttf", "/w/a.afm"})) << "they stand for a key of their own";
 }
 
 TEST_F(SystemList, WithoutARegistryAConfigurationHasToAskForIt) {

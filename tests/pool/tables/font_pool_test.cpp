@@ -108,6 +108,61 @@ TEST_F(FontPool, NamesThatSayNothingAreNotEntered) {
   EXPECT_EQ(pool.fileTable().size(), files);
 }
 
+class UniqueNames : public testing::Test {
+ protected:
+  ~UniqueNames() override { pool.clear(); }
+
+  /// Makes a font, kept by the pool, and gives the name under which it was entered.
+  std::string enter(const char16_t* family, const char16_t* postScript,
+                    const char16_t* prefix = u"", const FS_FontKey& key = {}) {
+    font = new qxtest::FakeFont(u"/e/gaiji.tte", family, key);
+    pool.keepFont(font);
+    font->setPostScriptName(postScript);
+    pool.addFontUnique(font, prefix);
+    std::string name;
+    return font->getPostScriptName(QXLang::LANGID_DEFAULT, 0).toUTF8String(name);
+  }
+
+  FS_FontPool pool;
+  qxtest::FakeFont* font = nullptr;
+};
+
+TEST_F(UniqueNames, AreCountedFromZeroWithoutRegardToCaseAndBlanks) {
+  EXPECT_EQ(enter(u"F", u"Name"), "Name");
+  EXPECT_EQ(enter(u"F", u"Name"), "Name0");
+  EXPECT_EQ(enter(u"F", u"NA-ME"), "NA-ME1") << "the table knows NAME and NAME0";
+  EXPECT_EQ(enter(u"F", u"Name0"), "Name00");
+  EXPECT_EQ(pool.familyTable().size(), 4u);
+}
+
+TEST_F(UniqueNames, HaveThePrefixInFrontAndTheCounterBehind) {
+  EXPECT_EQ(enter(u"F", u"Name", u"V"), "VName");
+  EXPECT_EQ(enter(u"F", u"Name", u"V"), "VName0");
+  EXPECT_EQ(pool.findFont(u"vname0", {}).font, font);
+}
+
+TEST_F(UniqueNames, OfAFontCalled00AreItsFamilys) {
+  EXPECT_EQ(enter(u"Gaiji", u"00"), "Gaiji");
+  EXPECT_EQ(enter(u"Gaiji", u"00", u"V"), "VGaiji") << "the prefix comes after";
+  EXPECT_EQ(enter(u"Gaiji", u"000"), "000") << "that text alone";
+}
+
+TEST_F(UniqueNames, StandUnderTheStyleWith400And5ForZero) {
+  enter(u"F", u"Name", u"", FS_FontKey{0, 1, 0});
+  FS_FontFamily* family = nullptr;
+  ASSERT_TRUE(pool.findFamily(u"Name", family));
+  ASSERT_EQ(family->size(), 1u);
+  EXPECT_EQ(family->begin()->first, makeFontKey(400, true, 5));
+  EXPECT_EQ(family->begin()->second.entry, 0);
+}
+
+TEST_F(UniqueNames, WithoutAnyTextAreGivenAndNotEntered) {
+  EXPECT_EQ(enter(u"", u""), "");
+  EXPECT_EQ(enter(u"", u"00"), "");
+  EXPECT_TRUE(pool.familyTable().empty());
+  EXPECT_EQ(pool.findFont(u"", {}).font, nullptr);
+}
+
 TEST_F(FontPool, HoldsOneReferenceAFontUntilItIsCleared) {
   FS_BaseFont* font = add(u"/f/a.ttf", u"Family");
   EXPECT_EQ(font->refCount.load(), 1);

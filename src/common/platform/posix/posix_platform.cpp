@@ -1,12 +1,12 @@
 #include "common/platform/posix/posix_platform.h"
 
-#include <algorithm>
 #include <cstdlib>
 
 #include "common/platform/posix/folder_listing.h"
 #include "common/platform/posix/fontconfig_folders.h"
 #include "common/platform/posix/module_path.h"
 #include "common/platform/posix/regular_file.h"
+#include "common/platform/user_folders.h"
 #include "common/platform/usual_font_folders.h"
 
 namespace QXCommonNS {
@@ -28,8 +28,8 @@ bool PosixPlatform::listFolder(const std::string& path, std::vector<FolderEntry>
   return listEntries(path, out);
 }
 
-bool PosixPlatform::knownFolder(KnownFolder, std::string&) {
-  return false;
+bool PosixPlatform::knownFolder(KnownFolder which, std::string& out) {
+  return xdgFolder(*this, which, out);
 }
 
 std::vector<std::string> PosixPlatform::fontFolderCandidates() {
@@ -57,14 +57,8 @@ std::string PosixPlatform::modulePath(std::string_view stem) {
   return moduleFolder(stem);
 }
 
-// The variables in the order of POSIX, without the code set: "ja_JP" of "ja_JP.UTF-8".
 std::string PosixPlatform::localeName() {
-  std::string name;
-  for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    if (environment(variable, name) && !name.empty()) break;
-  }
-  name.resize(std::min(name.find_first_of(".@"), name.size()));
-  return name.empty() || name == "C" || name == "POSIX" ? "en_US_POSIX" : name;
+  return {};
 }
 
 }  // namespace posix

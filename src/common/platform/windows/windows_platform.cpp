@@ -4,13 +4,13 @@
 // After windows.h, which it needs.
 #include <shlobj.h>
 
-#include <algorithm>
 #include <array>
 
 #include "common/platform/windows/folder_listing.h"
 #include "common/platform/windows/registry_values.h"
 #include "common/platform/windows/regular_file.h"
 #include "common/platform/windows/wide_text.h"
+#include "common/platform/windows_path.h"
 
 namespace QXCommonNS {
 namespace windows {
@@ -95,18 +95,11 @@ std::vector<std::string> WindowsPlatform::systemFontFiles() {
 }
 
 std::string WindowsPlatform::modulePath(std::string_view stem) {
-  std::string path = utf8Of(fileNameOf(moduleOf(stem)));
-  std::replace(path.begin(), path.end(), '\\', '/');
-  path.resize(path.rfind('/') + 1);
-  return path;
+  return folderOfWindowsPath(utf8Of(fileNameOf(moduleOf(stem))));
 }
 
 std::string WindowsPlatform::localeName() {
-  std::array<wchar_t, LOCALE_NAME_MAX_LENGTH> name{};
-  ::GetUserDefaultLocaleName(name.data(), static_cast<int>(name.size()));
-  std::string text = utf8Of(name.data());
-  std::replace(text.begin(), text.end(), '-', '_');
-  return text.empty() ? "en_US_POSIX" : text;
+  return {};
 }
 
 }  // namespace windows
