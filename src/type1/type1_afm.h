@@ -1,7 +1,7 @@
 #pragma once
 
+#include <map>
 #include <string_view>
-#include <unordered_map>
 
 #include "type1/afm/afm_metrics.h"
 #include "type1/type1.h"
@@ -60,8 +60,9 @@ class FS_Type1AFM final : public FS_Type1 {
   void deriveMetrics();
 
   type1::AfmMetrics metrics_;
-  std::unordered_map<int, const AFMCharMetric*> metricsByCode_;
-  std::unordered_map<std::string_view, const AFMCharMetric*> metricsByName_;
+  // Trees, since a file can choose codes and names that all meet in one place of a hash table.
+  std::map<int, const AFMCharMetric*> metricsByCode_;
+  std::map<std::string_view, const AFMCharMetric*> metricsByName_;
   float externalLeading_ = 0;
   float maxWidth_ = 0;
   float avgWidth_ = 0;

@@ -159,8 +159,7 @@ TEST_F(Type1Pairing, AGlyphListThatDoesNotOpenFailsTheLoad) {
   auto& font = afm(AfmBuilder());
   EXPECT_FALSE(font.loadFontTables(&error, 0, nullptr));
   EXPECT_EQ(error.getErrorCode(), 1923);
-  EXPECT_NE(message().find("/f/none.txt"), std::string::npos) << message();
-  EXPECT_EQ(message().substr(message().size() - 9), "\n/f/a.afm");
+  EXPECT_EQ(message(), "Glyph-list open error: /f/none.txt\n/f/a.afm");
 }
 
 /// A stream buffer that breaks off.
@@ -194,7 +193,7 @@ TEST_F(Type1Pairing, AGlyphListThatBreaksOffFailsTheLoad) {
     EXPECT_FALSE(font.loadFontTables(&error, 0, nullptr));
   }
   EXPECT_EQ(error.getErrorCode(), 1924);
-  EXPECT_NE(message().find("/f/list.txt"), std::string::npos) << message();
+  EXPECT_EQ(message(), "Glyph-list read error: /f/list.txt\n/f/a.afm");
 }
 
 TEST_F(Type1Pairing, ALoadThatFailsAtTheGlyphListDoesNotLoadTheProgram) {

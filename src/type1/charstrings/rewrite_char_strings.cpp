@@ -1,6 +1,7 @@
 #include "type1/charstrings/rewrite_char_strings.h"
 
 #include <algorithm>
+#include <bitset>
 
 #include "type1/charstrings/text_cursor.h"
 
@@ -46,7 +47,10 @@ void markParts(CharStringEntry& entry, std::vector<CharStringEntry>& entries) {
 
 int markUsedGlyphs(const WantedCodes& wanted, std::vector<CharStringEntry>& entries,
                    const CharStringIndex& index) {
+  std::bitset<256> seen;  // a document may list its codes as often as it uses them
   for (const unsigned char code : wanted.codes) {
+    if (seen.test(code)) continue;
+    seen.set(code);
     const std::string name = wanted.names->nameOf(code);
     const auto found = name.empty() ? index.end() : index.find(name);
     if (found == index.end()) continue;

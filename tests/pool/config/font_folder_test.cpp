@@ -311,6 +311,25 @@ TEST_F(ConfigFolder, ListsAndMappingOfAnEntryHoldForBothMetricFiles) {
   EXPECT_FALSE(options(u"n.ttf").skipGlyphnameMapping);
 }
 
+TEST_F(ConfigFolder, AnEntryOfEitherMetricFileServesBothAndMaySayNo) {
+  readInFolder(
+      "<font-entry file=\"n.pfm\" glyph-list=\"a.txt\" skip-glyphname-mapping=\"true\"/>"
+      "<font-entry file=\"n.afm\" glyph-list=\"sub/b.txt\" skip-glyphname-mapping=\"No\"/>");
+  for (const char16_t* file : {u"n.afm", u"n.pfm"}) {
+    EXPECT_EQ(options(file).glyphList.getText(), icu::UnicodeString("/f/sub/b.txt"))
+        << "the last counts, and need not be a bare name";
+    EXPECT_FALSE(options(file).skipGlyphnameMapping);
+  }
+}
+
+TEST_F(ConfigFolder, AListOfAnEntryIsInTheWayOfAnElement) {
+  EXPECT_EQ(readInFolder("<font-entry file=\"n.pfm\" glyph-list=\"a.txt\"/>"
+                         "<glyph-list file=\"b.txt\" pfm=\"N.pfm\"/>")
+                .collected,
+            Messages{inFile("Already registered value: <glyph-list afm=\"N.afm\">")});
+  EXPECT_EQ(options(u"n.pfm").glyphList.getText(), icu::UnicodeString("/f/a.txt"));
+}
+
 TEST_F(ConfigFolder, GlyphListsNameOneOrBothMetricFiles) {
   for (const char* names : {"afm=\"N.afm\"", "pfm=\"N.pfm\"", "afm=\"N.afm\" pfm=\"N.pfm\""}) {
     readInFolder("<glyph-list file=\"l.txt\" " + std::string(names) + "/>");
@@ -328,6 +347,9 @@ TEST_F(ConfigFolder, BadGlyphListsEndTheReading) {
   };
   const Case cases[] = {
       {"<glyph-list file=\"l\"/>", "Empty value: <glyph-list afm>"},
+      {"<glyph-list afm=\"n.afm\"/>", "Empty value: <glyph-list file>"},
+      {"<glyph-list file=\"d/l\" afm=\"n.afm\"/>",
+       "Font file must be base file name: <glyph-list file=\"d/l\">"},
       {"<glyph-list file=\"l\" afm=\"d/n.afm\"/>",
        "Font file must be base file name: <glyph-list afm=\"d/n.afm\">"},
       {"<glyph-list file=\"l\" pfm=\"d/n.pfm\"/>",
@@ -363,8 +385,18 @@ TEST_F(ConfigFolder, SkipMappingFollowsTheSameRule) {
   readInFolder("<skip-glyphname-mapping pfm=\"n.pfm\"/>");
   EXPECT_TRUE(options(u"n.afm").skipGlyphnameMapping);
   EXPECT_TRUE(options(u"n.pfm").skipGlyphnameMapping);
+  readInFolder("<skip-glyphname-mapping afm=\"M.AFM\"/>");
+  EXPECT_TRUE(options(u"m.afm").skipGlyphnameMapping && options(u"m.pfm").skipGlyphnameMapping);
+  EXPECT_TRUE(readInFolder("<skip-glyphname-mapping afm=\"d/n.afm\" pfm=\"p.pfm\"/>"
+                           "<skip-glyphname-mapping pfm=\"p.pfm\"/>")
+                  .collected.empty())
+      << "with both none is tested, and twice is no mistake";
+  EXPECT_TRUE(options(u"p.pfm").skipGlyphnameMapping);
   EXPECT_EQ(readInFolder("<skip-glyphname-mapping/>").collected,
             Messages{inFile("Empty value: <skip-glyphname-mapping afm>")});
+  EXPECT_EQ(readInFolder("<skip-glyphname-mapping pfm=\"d/n.pfm\"/>").collected,
+            Messages{inFile(
+                "Font file must be base file name: <skip-glyphname-mapping pfm=\"d/n.pfm\">")});
   EXPECT_EQ(readInFolder("<skip-glyphname-mapping afm=\"d/n.afm\"/>").collected,
             Messages{inFile(
                 "Font file must be base file name: <skip-glyphname-mapping afm=\"d/n.afm\">")});

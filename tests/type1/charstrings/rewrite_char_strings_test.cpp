@@ -79,6 +79,50 @@ TEST(RewriteCharStrings, partsOfPartsAreNotFollowed) {
             "4 dict dup begin: .notdef A grave Agrave");
 }
 
+TEST(RewriteCharStrings, anAccentThatCameInAsAPartBringsNoPartsOfItsOwn) {
+  Type1Builder font;
+  font.glyph(".notdef", kBox).glyph("A", qxtest::type1Accent(50, 66, 67));
+  font.glyph("B", kBox).glyph("C", kBox).glyph("grave", kBox);
+  font.glyph("Agrave", qxtest::type1Accent(60, 65, 193));
+  const Names names({{200, "Agrave"}});
+  EXPECT_EQ(subset(font.privatePart(), {200, 'A'}, names),
+            "4 dict dup begin: .notdef A grave Agrave");
+  EXPECT_EQ(subset(font.privatePart(), {'A', 200}, names),
+            "6 dict dup begin: .notdef A B C grave Agrave");
+}
+
+TEST(RewriteCharStrings, codesOfAccentsThatNameNoGlyphBringNothing) {
+  const std::string plain(qxtest::type1Number(7) + "\x0C\x06");
+  for (const std::string& accent :
+       {qxtest::type1Accent(60, 300, 193), qxtest::type1Accent(60, -5, 300),
+        qxtest::type1Accent(60, 128, 255), plain, plain.substr(1), qxtest::type1Accent(60, 0, 0)}) {
+    Type1Builder font;
+    font.glyph(".notdef", kBox).glyph("A", kBox).glyph("grave", kBox).glyph("Agrave", accent);
+    const std::string kept = subset(font.privatePart(), {200}, Names({{200, "Agrave"}}));
+    EXPECT_EQ(kept.substr(0, kept.find("grave")), accent == qxtest::type1Accent(60, 300, 193)
+                                                      ? "3 dict dup begin: .notdef "
+                                                      : "2 dict dup begin: .notdef A");
+  }
+}
+
+/// Names that count how often they are asked for.
+class CountedNames final : public CodeNames {
+ public:
+  [[nodiscard]] std::string nameOf(unsigned char) const override {
+    ++asked;
+    return "B";
+  }
+  mutable int asked = 0;
+};
+
+TEST(RewriteCharStrings, aCodeIsLookedUpOnceHoweverOftenItIsListed) {
+  const CountedNames names;
+  const std::vector<unsigned char> codes(100'000, 'x');
+  std::string output;
+  ASSERT_TRUE(rewriteCharStrings(letters().privatePart(), output, WantedCodes{codes, &names}));
+  EXPECT_EQ(names.asked, 1);
+}
+
 TEST(RewriteCharStrings, anAccentWhosePartIsMissing) {
   Type1Builder font;
   font.glyph(".notdef", kBox).glyph("Agrave", qxtest::type1Accent(60, 65, 193));
