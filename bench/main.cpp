@@ -2,6 +2,8 @@
 // results as JSON. ./dev bench builds it, runs it and draws docs/performance.md.
 //
 //   bench [--fonts FOLDER] [--scratch FOLDER] [--out FILE] [--rounds N] [--brief] [FILTER]
+//
+// It starts itself once more for figures that want a process of their own: harness/own_process.h.
 
 #include <cstdio>
 #include <cstdlib>
@@ -10,6 +12,7 @@
 
 #include "harness/bench.h"
 #include "harness/machine.h"
+#include "harness/own_process.h"
 #include "harness/report.h"
 
 namespace {
@@ -22,6 +25,8 @@ struct Arguments {
   std::string scratch = "build/bench/scratch";
   std::string out;
   std::string filter;
+  std::string measure;  ///< a figure for another bench: take it, print it and end
+  std::string argument;
   qxbench::Settings settings;
 };
 
@@ -49,6 +54,9 @@ Arguments parse(int count, char** values) {
       arguments.out = valueAt(count, values, i);
     } else if (option == "--rounds") {
       arguments.settings.rounds = std::atoi(valueAt(count, values, i).c_str());
+    } else if (option == "--measure") {
+      arguments.measure = valueAt(count, values, i);
+      arguments.argument = valueAt(count, values, i);
     } else if (option == "--brief") {
       beBrief(arguments);
     } else {
@@ -75,11 +83,8 @@ bool runRow(Bench& bench, const Row& row) {
   }
 }
 
-}  // namespace
-
-int main(int count, char** values) {
-  const Arguments arguments = parse(count, values);
-  Bench bench(arguments.settings, qxbench::FontSets(arguments.fonts, arguments.scratch));
+int runRows(const Arguments& arguments, const qxbench::FontSets& fonts) {
+  Bench bench(arguments.settings, fonts);
   const qxbench::Machine machine = qxbench::thisMachine();
   qxbench::printHead(machine, arguments.settings);
   bool whole = true;
@@ -93,4 +98,13 @@ int main(int count, char** values) {
   if (!arguments.out.empty() && !qxbench::writeResults(bench, machine, arguments.out)) return 1;
   // Work that differs from the peer's is a bug here or there: the tests want to hear of it.
   return ran == 0 || !whole || !bench.unequal().empty() ? 1 : 0;
+}
+
+}  // namespace
+
+int main(int count, char** values) {
+  const Arguments arguments = parse(count, values);
+  const qxbench::FontSets fonts(arguments.fonts, arguments.scratch);
+  if (arguments.measure.empty()) return runRows(arguments, fonts);
+  return qxbench::measureHere(fonts, arguments.measure, arguments.argument) ? 0 : 1;
 }

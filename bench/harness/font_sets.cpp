@@ -38,7 +38,8 @@ Paths fontsBelow(const fs::path& folder) {
 
 }  // namespace
 
-FontSets::FontSets(const std::string& fetched, const std::string& scratch) : scratch_(scratch) {
+FontSets::FontSets(const std::string& fetched, const std::string& scratch)
+    : fetched_(fetched), scratch_(scratch) {
   fs::remove_all(scratch);
   fs::create_directories(scratch);
   scratch_ = fs::canonical(scratch).string();

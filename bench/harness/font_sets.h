@@ -29,12 +29,14 @@ class FontSets {
   /// A file by its name among all these fonts and the installed ones; empty when it is not there.
   [[nodiscard]] std::string file(const std::string& name) const;
 
+  [[nodiscard]] const std::string& fetched() const { return fetched_; }
   [[nodiscard]] const std::string& scratch() const { return scratch_; }
 
   /// A folder of links to the given files.
   [[nodiscard]] Set linked(const std::string& name, const Paths& files) const;
 
  private:
+  std::string fetched_;
   std::string scratch_;
   Paths many_;
   Paths cjk_;
