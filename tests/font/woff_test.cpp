@@ -360,6 +360,19 @@ TEST_F(Woff, FailuresTellTheFile) {
             "1928 Font file error: Uncompress error.\n/fonts/a.ttf");
 }
 
+TEST_F(Woff, ReadAgainItLetsGoOfTheFontInside) {
+  const auto font = loadWeb(sampleFont());
+  const Ptr<FS_BaseFont> before(font->getExtraBaseFont());
+  EXPECT_EQ(before->refCount.load(), 2);
+  std::istringstream again(WoffBuilder::of(qxtest::sampleOpenType(qxtest::sampleCff())).build());
+  ASSERT_TRUE(font->readFont(&error, &again)) << message();
+  EXPECT_EQ(before->refCount.load(), 1);
+  EXPECT_EQ(font->getFontFileType2(0), 7);
+  std::istringstream none("wOFF");
+  EXPECT_FALSE(font->readFont(&error, &none));
+  EXPECT_EQ(font->getFontFileType2(0), 7) << "a file that is none of its kind changes nothing";
+}
+
 TEST_F(Woff, TheFontInsideReportsItsOwnFailures) {
   EXPECT_EQ(failureOf(WoffBuilder::of(sampleFont().without("head")).build()),
             "1928 Font file error: 'head' table not found\n/fonts/a.ttf");
@@ -413,6 +426,69 @@ TEST_F(Woff, AnExtraFontAloneMakesNoSubsetAndNoWebFont) {
   expected["web"] = expected["subset"] = "false";
   EXPECT_EQ(difference(formsOf(*font, 0), expected), "");
   EXPECT_EQ(font->getFreeTypeFace(0), inner->getFreeTypeFace(0));
+}
+
+/// What a face answers of its Type 1 codes and names, in this order since codes are given out.
+Answers type1Answers(FS_BaseFont& font) {
+  std::string name;
+  unsigned char code = 0;
+  Answers out;
+  out["charCode"] = qxtest::textOf(font.getType1CharCode('A', 0));
+  out["glyphCode"] = qxtest::textOf(font.getType1GlyphIDCode(3, 0));
+  const Type1CMapArray* pairs = font.getType1CMapArray(0, 0);
+  out["pairs"] = pairs == nullptr ? "none" : qxtest::textOf(pairs->size());
+  out["pair"] = qxtest::textOf(font.getType1CMapPair(0, 1, code, name, 0)) + name;
+  out["pair"] += qxtest::textOf(code);
+  out["name"] = qxtest::textOf(font.getType1GlyphName(0, code, name, 0)) + name;
+  out["form"] = qxtest::formOf([&](auto& o) { return font.getType1EmbedFont({2}, o, 0, nullptr); });
+  return out;
+}
+
+TEST_F(Woff, Type1CodesAndNamesAreThoseOfTheFontInside) {
+  const SfntBuilder openType = qxtest::sampleOpenType(qxtest::sampleCff());
+  const Answers answers = type1Answers(*loadWeb(openType));
+  EXPECT_EQ(difference(answers, type1Answers(*load<FS_OpenType>(openType))), "");
+  EXPECT_EQ(answers.at("pairs"), "2");
+  EXPECT_NE(answers.at("form"), "false");
+  const Ptr<PlainExtra> none(new PlainExtra(uri(), nullptr));
+  EXPECT_EQ(difference(type1Answers(*none), {{"charCode", "0"},
+                                             {"glyphCode", "0"},
+                                             {"pairs", "none"},
+                                             {"pair", "00"},
+                                             {"name", "0"},
+                                             {"form", "false"}}),
+            "");
+}
+
+/// A font inside with the two forms that Type 1 fonts alone have.
+class WithType1Forms final : public FS_TrueType {
+ public:
+  using FS_TrueType::FS_TrueType;
+  bool getType1EmbedFont(unsigned char page, const char* codes, int count, QXMemStream&,
+                         int& length1, int& length2, int& length3, int entry) override {
+    length1 = page;
+    length2 = codes[0];
+    length3 = count + entry;
+    return true;
+  }
+  bool getType1FontStream(QXMemStream&, int& length1, int& length2, int& length3,
+                          int entry) override {
+    length1 = length2 = length3 = entry + 1;
+    return true;
+  }
+};
+
+TEST_F(Woff, Type1FormsAreThoseOfTheFontInside) {
+  const Ptr<PlainExtra> font(new PlainExtra(uri(), nullptr));
+  QXMemStream out(nullptr, 8192, false, true);
+  int lengths[3] = {7, 7, 7};
+  EXPECT_FALSE(font->getType1FontStream(out, lengths[0], lengths[1], lengths[2], 4));
+  EXPECT_FALSE(font->getType1EmbedFont(2, "a", 9, out, lengths[0], lengths[1], lengths[2], 4));
+  font->wrap(new WithType1Forms(uri(), nullptr));
+  EXPECT_TRUE(font->getType1EmbedFont(2, "a", 9, out, lengths[0], lengths[1], lengths[2], 4));
+  EXPECT_TRUE(lengths[0] == 2 && lengths[1] == 'a' && lengths[2] == 13);
+  EXPECT_TRUE(font->getType1FontStream(out, lengths[0], lengths[1], lengths[2], 4));
+  EXPECT_TRUE(lengths[0] == 5 && lengths[1] == 5 && lengths[2] == 5);
 }
 
 TEST_F(Woff, AnExtraFontReadsAndLoadsByItsInnerFont) {

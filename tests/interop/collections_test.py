@@ -89,9 +89,8 @@ class ContainerTest(unittest.TestCase):
         return json.loads(self.run_tool("info", path, "--face", str(face), "--json"))
 
     def glyphs(self, path, face=0):
-        shaped = [json.loads(self.run_tool("glyphs", path, TEXT, "--face", str(face), "--json", *more))
-                  for more in ([], ["--size", "12"], ["--vertical"])]
-        return shaped
+        return [json.loads(self.run_tool("glyphs", path, TEXT, "--face", str(face), *more))
+                for more in (["--json"], ["--json", "--size", "12"], ["--json", "--vertical"])]
 
     def form(self, name, path, face=0):
         """The tables of a form of embedding."""

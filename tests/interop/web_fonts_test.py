@@ -374,6 +374,23 @@ class DocumentTest(WebFontTest):
             self.assertEqual((font["family"], font["file"], font["form"]),
                              ("DejaVu Sans", self.web, form))
 
+    def test_a_font_with_cff_is_taken_too(self):
+        declared = ["--document", self.pack_by_fonttools(GARAMOND) + "=One"]
+
+        def ours(*call):
+            return self.ask(*call, declared=declared)
+
+        text = ("--text", "AV", "--allow-restricted", "-o", self.path("out"))
+        for form in ("cff", "sfnt-all", "woff"):
+            written = []
+            for ask, font in ((ours, "One"), (self.json, GARAMOND)):
+                ask("embed", font, "--form", form, *text)
+                with open(self.path("out"), "rb") as file:
+                    written.append(file.read() if form == "cff" else tables_of(file.name))
+            self.assertEqual(*written, form)
+        self.assertEqual(ours("outline", "One", "U+0041"),
+                         self.json("outline", GARAMOND, "U+0041"))
+
     def test_it_is_listed_first_under_the_name_inside(self):
         first = self.ask("list")[0]
         self.assertEqual((first["family"], first["weight"], first["italic"]), ("Lato", 700, True))

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "qxfontservice/enum_log_font_ex.h"
 #include "qxfontservice/font_info.h"
+#include "qxfontservice/service.h"
 
 #include "pool/registry/registry_fixture.h"
 #include "support/cmap_builder.h"
@@ -124,6 +126,25 @@ TEST_F(EudcFonts, ABrokenLinkLeavesTheDefaultForAllHandles) {
   const FS_FontInfo second = handle(u"Fam");
   EXPECT_EQ(second.getError().getErrorCode(), 0) << "the link is cut for good";
   EXPECT_EQ(sourceOf(second, 0xE000), "Default-Regular");
+}
+
+TEST_F(EudcFonts, AreTheirOwnKindAmongAllFontsAndNoneUnderTheirOwnNames) {
+  openLinked();
+  std::vector<std::string> faces;
+  const auto note = [](FS_FontResourceType type, const FS_EnumLogFontEx* font,
+                       const FS_NewTextMetricEx*, void* user) {
+    std::string text = std::to_string(type) + " ";
+    static_cast<std::vector<std::string>*>(user)->push_back(font->getFaceName().toUTF8String(text));
+    return 0;
+  };
+  EXPECT_EQ(FS_EnumFontFamilies(UnicodeString(), note, &faces, nullptr, 0), 0);
+  EXPECT_EQ(faces, (std::vector<std::string>{"0 Fam", "0 Plain", "0 Tate", "4 Default", "4 Default",
+                                             "4 Linked", "4 LinkedTate"}));
+  faces.clear();
+  EXPECT_EQ(FS_EnumFontFamilies(UnicodeString(u"Default"), note, &faces, nullptr, 0), 0);
+  EXPECT_TRUE(faces.empty());
+  EXPECT_EQ(FS_EnumFontFamilies(UnicodeString(u"VDefault-Regular"), note, &faces, nullptr, 0), 0);
+  EXPECT_EQ(faces, std::vector<std::string>{"0 Default"}) << "the kind is told among all fonts";
 }
 
 TEST_F(EudcFonts, OutsideTheRangeNothingIsAsked) {
