@@ -4,6 +4,8 @@
 #include <array>
 #include <memory>
 
+#include FT_FONT_FORMATS_H
+
 #include "qxcommon/error.h"
 #include "qxcommon/lock.h"
 #include "qxfontservice/error_codes.h"
@@ -13,6 +15,7 @@
 #include "font/contract/outline_lock.h"
 #include "type1/maps/glyph_names.h"
 #include "type1/metrics_scale.h"
+#include "type1/program/program_parts.h"
 #include "type1/text_metrics.h"
 #include "type1/type1.h"
 
@@ -113,6 +116,7 @@ bool FS_Type1Printer::createFont(QXError* error) {
 /// The codes are those of the program's own encoding where the face has it, else characters.
 void FS_Type1Printer::readGlyphs(FT_Face face) {
   records_.resize(static_cast<std::size_t>(std::min<FT_Long>(face->num_glyphs, kMostCodes)));
+  work_ = workOf(face);
   const bool custom = FT_Select_Charmap(face, FT_ENCODING_ADOBE_CUSTOM) == 0;
   FT_UInt glyph = 0;
   FT_ULong code = FT_Get_First_Char(face, &glyph);
@@ -124,10 +128,27 @@ void FS_Type1Printer::readGlyphs(FT_Face face) {
     readGlyph(face, static_cast<int>(code), glyph);
     code = FT_Get_Next_Char(face, code, &glyph);
   }
+  work_.reset();
+}
+
+/// What FreeType's Type 1 reader will have to do; other readers have their own bounds.
+std::optional<type1::CharStringWork> FS_Type1Printer::workOf(FT_Face face) const {
+  if (FT_Get_Font_Format(face) != std::string_view("Type 1")) return std::nullopt;
+  const std::unique_ptr<std::istream> program(fileUri_.getIStream(nullptr, nullptr));
+  if (!program) return std::nullopt;
+  const type1::ProgramParts parts = type1::readProgramParts(*program);
+  return type1::CharStringWork(type1::findCharStrings(parts.clearText, parts.privatePart));
+}
+
+/// A glyph that has its name was loaded under another code.
+bool FS_Type1Printer::loadOnce(FT_Face face, unsigned int glyph) {
+  if (!records_[glyph].name.empty()) return true;
+  if (work_ && !work_->spend(glyphName(face, glyph))) return false;
+  return FT_Load_Glyph(face, glyph, FT_LOAD_NO_SCALE) == 0;
 }
 
 void FS_Type1Printer::readGlyph(FT_Face face, int code, unsigned int glyph) {
-  if (glyph >= records_.size() || FT_Load_Glyph(face, glyph, FT_LOAD_NO_SCALE) != 0) return;
+  if (glyph >= records_.size() || !loadOnce(face, glyph)) return;
   FS_Type1GlyphRecord& record = records_[glyph];
   if (record.name.empty()) {
     record.code = code;
