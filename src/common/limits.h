@@ -78,6 +78,8 @@ inline constexpr std::uint64_t kMostLocalSubrBytes = 64 * kMiB;
 inline constexpr std::size_t kMostCharStringCalls = 65'536;
 /// Tokens or bytes walked for one glyph.
 inline constexpr std::uint64_t kMostCharStringWork = std::uint64_t{1} << 26;
+/// Tokens walked for all glyphs of a Type 1 program, each glyph once.
+inline constexpr std::uint64_t kMostProgramWork = std::uint64_t{1} << 25;
 /// Tokens kept for one call of a writer.
 inline constexpr std::uint64_t kMostCharStringTokens = std::uint64_t{1} << 26;
 

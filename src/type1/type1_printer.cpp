@@ -1,7 +1,6 @@
 #include "type1/type1_printer.h"
 
 #include <algorithm>
-#include <array>
 #include <memory>
 
 #include "qxcommon/error.h"
@@ -20,18 +19,9 @@ namespace QXFontService_NS {
 namespace {
 
 constexpr int kUnitsPerEm = 1000;
-constexpr int kMostCodes = 65536;  // more than any Type 1 font has: FreeType may see another kind
-constexpr std::size_t kLongestName = 64;
 
 UnicodeString textOf(const std::string& bytes) {
   return UnicodeString::fromUTF8(bytes);
-}
-
-std::string glyphName(FT_Face face, unsigned int glyph) {
-  std::array<char, kLongestName> name{};
-  if (FT_Get_Glyph_Name(face, glyph, name.data(), static_cast<FT_UInt>(name.size())) != 0)
-    return {};
-  return name.data();
 }
 
 /// The names of codes on a page of a font program.
@@ -93,51 +83,6 @@ bool FS_Type1Printer::loadFontTables(QXError* error, int, std::istream*) {
     loaded_ = true;
   }
   return loadAnswer_;
-}
-
-bool FS_Type1Printer::createFont(QXError* error) {
-  QXMutex guard(&FS_OutlineLock());
-  FT_Face opened = getFreeTypeFace(0);
-  if (opened == nullptr) {
-    reportFontError(*this, error, FS_ERROR_FONT_INFORMATION, {});
-    return false;
-  }
-  if (opened->num_glyphs <= 0) {
-    reportFontError(*this, error, FS_ERROR_FONT_FILE, u"No glyphs");
-    return answerWithoutGlyphs();
-  }
-  readGlyphs(opened);
-  return true;
-}
-
-/// The codes are those of the program's own encoding where the face has it, else characters.
-void FS_Type1Printer::readGlyphs(FT_Face face) {
-  records_.resize(static_cast<std::size_t>(std::min<FT_Long>(face->num_glyphs, kMostCodes)));
-  const bool custom = FT_Select_Charmap(face, FT_ENCODING_ADOBE_CUSTOM) == 0;
-  FT_UInt glyph = 0;
-  FT_ULong code = FT_Get_First_Char(face, &glyph);
-  for (int count = 0; glyph != 0 && count < kMostCodes; ++count) {
-    if (custom && code <= 0xFFFF) {
-      const std::string name = glyphName(face, glyph);
-      if (!name.empty()) encodingMap_.emplace(static_cast<unsigned short>(code), name);
-    }
-    readGlyph(face, static_cast<int>(code), glyph);
-    code = FT_Get_Next_Char(face, code, &glyph);
-  }
-}
-
-void FS_Type1Printer::readGlyph(FT_Face face, int code, unsigned int glyph) {
-  if (glyph >= records_.size() || FT_Load_Glyph(face, glyph, FT_LOAD_NO_SCALE) != 0) return;
-  FS_Type1GlyphRecord& record = records_[glyph];
-  if (record.name.empty()) {
-    record.code = code;
-    record.width = static_cast<int>(face->glyph->metrics.horiAdvance);
-    record.height = static_cast<int>(face->glyph->metrics.height);
-    record.name = glyphName(face, glyph);
-    if (!record.name.empty()) recordsByName_.emplace(record.name, &record);
-  }
-  recordsByCode_.emplace(code, &record);
-  ++countedRecords_;
 }
 
 FT_Face FS_Type1Printer::face() const {

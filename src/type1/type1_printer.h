@@ -11,6 +11,7 @@
 
 #include "font/contract/base_font.h"
 #include "type1/charstrings/rewrite_char_strings.h"
+#include "type1/program/charstring_work.h"
 #include "type1/program/program_header.h"
 
 namespace QXFontService_NS {
@@ -115,12 +116,15 @@ class FS_Type1Printer : public FS_BaseFont {
   bool createFont(QXError* error);
   void readGlyphs(FT_Face face);
   void readGlyph(FT_Face face, int code, unsigned int glyph);
+  [[nodiscard]] std::optional<type1::CharStringWork> workOf(FT_Face face) const;
+  bool loadOnce(FT_Face face, unsigned int glyph);
   [[nodiscard]] FT_Face face() const;
 
   FS_Type1* const owner_;
   QXLock loadLock_;
   bool loaded_ = false;
   bool loadAnswer_ = false;
+  std::optional<type1::CharStringWork> work_;  // while the glyphs are read
   std::vector<FS_Type1GlyphRecord> records_;
   std::map<int, const FS_Type1GlyphRecord*> recordsByCode_;
   std::map<std::string, const FS_Type1GlyphRecord*, std::less<>> recordsByName_;

@@ -81,6 +81,20 @@ TEST_F(Type1ForeignProgram, NamesOfGlyphsAreCutBehind63Bytes) {
   EXPECT_NE(font.recordOfName(name.substr(0, 63)), nullptr);
 }
 
+TEST_F(Type1ForeignProgram, GlyphsBeyondTheWorkOfAProgramAreNotRead) {
+  // Twice a call that cannot be followed: each counts as what FreeType grants a glyph at most.
+  const std::string computed = qxtest::type1Number(10) + qxtest::type1Number(2) + "\x0C\x0C\x0A";
+  Type1Builder letters;
+  letters.glyph(".notdef", kBox).glyph("A", kBox).glyph("D", kBox);
+  letters.glyph("B", computed).glyph("C", computed);
+  world.file("/f/a.pfb", letters.pfb());
+  auto& font = afm(AfmBuilder());
+  EXPECT_TRUE(font.loadFontTables(&error, 0, nullptr));
+  EXPECT_NE(font.getPrinterFont()->recordOfName("A"), nullptr);
+  EXPECT_EQ(font.getPrinterFont()->recordOfName("D"), nullptr);
+  EXPECT_EQ(font.getGlyphID('D', false, 0), 2) << "it is there for whoever asks for it alone";
+}
+
 TEST_F(Type1ForeignProgram, AProgramThatIsGoneIsNotEmbedded) {
   world.file("/f/a.pfb", Type1Builder().glyph(".notdef", kBox).pfb());
   auto& font = afm(AfmBuilder());

@@ -100,15 +100,6 @@ class SegmentCopier {
   std::uint32_t stated_ = 0;
 };
 
-std::string wholeOf(std::istream& stream) {
-  std::string whole;
-  std::array<char, 16 * 1024> block{};
-  while (stream.read(block.data(), static_cast<std::streamsize>(block.size())) ||
-         stream.gcount() > 0)
-    whole.append(block.data(), static_cast<std::size_t>(stream.gcount()));
-  return whole;
-}
-
 }  // namespace
 
 bool writePfbStream(std::istream& program, const std::optional<WantedCodes>& wanted,
@@ -120,7 +111,7 @@ bool writePfbStream(std::istream& program, const std::optional<WantedCodes>& wan
 
 bool writePfaStream(std::istream& program, const std::optional<WantedCodes>& wanted,
                     QXMemStream& out, EmbedLengths lengths) {
-  TextProgram parts = splitTextProgram(wholeOf(program));
+  TextProgram parts = splitTextProgram(readWhole(program));
   writeMark(out, kTextSegment);
   writeSegment(out, parts.clearText, lengths.clearText);
   writeMark(out, kBinarySegment);

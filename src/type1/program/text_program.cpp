@@ -1,6 +1,7 @@
 #include "type1/program/text_program.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 
 namespace QXFontService_NS::type1 {
@@ -78,6 +79,15 @@ class Splitter {
 };
 
 }  // namespace
+
+std::string readWhole(std::istream& program) {
+  std::string whole;
+  std::array<char, 16 * 1024> block{};
+  while (program.read(block.data(), static_cast<std::streamsize>(block.size())) ||
+         program.gcount() > 0)
+    whole.append(block.data(), static_cast<std::size_t>(program.gcount()));
+  return whole;
+}
 
 TextProgram splitTextProgram(std::string_view program) {
   return Splitter(program).split();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <istream>
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,9 @@ struct TextProgram {
   std::string privatePart;  ///< encrypted, as bytes
   std::string trailer;      ///< as it stands
 };
+
+/// All bytes of a program from where its stream stands.
+std::string readWhole(std::istream& program);
 
 /// Splits a program (Adobe Type 1 Font Format, 2.4). Without a line that ends in "currentfile
 /// eexec" all of it is clear text. The trailer begins with the first line of five zero bytes.
