@@ -12,6 +12,10 @@ bool tagIsBelow(const Record& a, const Record& b) {
   return a.tag() < b.tag();
 }
 
+bool tagDoesNotRise(const Record& a, const Record& b) {
+  return !tagIsBelow(a, b);
+}
+
 std::vector<Record> recordsOf(ByteView directory) {
   std::vector<Record> records(directory.size() / FS_TableDirectoryImage::kRecordSize);
   for (std::size_t i = 0; i < records.size(); ++i) {
@@ -22,6 +26,9 @@ std::vector<Record> recordsOf(ByteView directory) {
 }
 
 void keepFirstOfEachTag(std::vector<Record>& records) {
+  // The format asks for rising tags, and nearly all fonts have them.
+  const auto wrong = std::adjacent_find(records.begin(), records.end(), tagDoesNotRise);
+  if (wrong == records.end()) return;
   std::stable_sort(records.begin(), records.end(), tagIsBelow);
   const auto sameTag = [](const Record& a, const Record& b) { return a.tag() == b.tag(); };
   records.erase(std::unique(records.begin(), records.end(), sameTag), records.end());

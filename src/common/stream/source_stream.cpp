@@ -16,6 +16,10 @@ constexpr std::size_t kWindow = 4096;
 /// that font files put behind it come with one call.
 constexpr std::size_t kHead = 576;
 
+/// What a read behind a seek asks for besides its own bytes: a small table and its padding. Font
+/// files have `hhea` behind `head`, and `post` behind `name`.
+constexpr std::size_t kTail = 40;
+
 /// What a large read counts for the reads behind it. A whole table was asked for, which says
 /// little of what comes next.
 constexpr std::size_t kMostOfLargeRead = 64;
@@ -29,9 +33,10 @@ std::uint64_t SourceStreamBuf::position() const {
   return start_ + static_cast<std::uint64_t>(gptr() - eback());
 }
 
-std::size_t SourceStreamBuf::ahead() const {
-  if (position() == 0) return kHead;
-  return static_cast<std::size_t>(std::min<std::uint64_t>(run_, kWindow));
+std::size_t SourceStreamBuf::sizeOfRead(std::size_t wanted) const {
+  if (position() == 0) return std::max(wanted, kHead);
+  if (run_ == 0) return wanted + kTail;
+  return std::max(wanted, static_cast<std::size_t>(std::min<std::uint64_t>(run_, kWindow)));
 }
 
 void SourceStreamBuf::moveTo(std::uint64_t to) {
@@ -54,10 +59,10 @@ std::size_t SourceStreamBuf::readHere(std::span<char> out) {
   return count;
 }
 
-bool SourceStreamBuf::fillWindow(std::size_t wanted) {
-  if (!window_) window_ = std::make_unique<char[]>(kWindow);
+bool SourceStreamBuf::fillWindow(std::size_t size) {
+  if (!window_) window_ = std::make_unique_for_overwrite<char[]>(kWindow);
   const std::uint64_t from = position();
-  const std::size_t count = readHere({window_.get(), std::max(wanted, ahead())});
+  const std::size_t count = readHere({window_.get(), size});
   start_ = from;
   setg(window_.get(), window_.get(), window_.get() + count);
   return count > 0;
@@ -72,7 +77,7 @@ std::size_t SourceStreamBuf::takeFromWindow(char* out, std::size_t count) {
 }
 
 SourceStreamBuf::int_type SourceStreamBuf::underflow() {
-  if (gptr() == egptr() && !fillWindow(1)) return traits_type::eof();
+  if (gptr() == egptr() && !fillWindow(sizeOfRead(1))) return traits_type::eof();
   return traits_type::to_int_type(*gptr());
 }
 
@@ -81,8 +86,9 @@ std::streamsize SourceStreamBuf::xsgetn(char* out, std::streamsize count) {
   std::size_t taken = takeFromWindow(out, wanted);
   const std::size_t left = wanted - taken;
   if (left == 0) return count;
-  if (left < ahead()) {
-    fillWindow(left);
+  const std::size_t size = sizeOfRead(left);
+  if (left < size && size <= kWindow) {
+    fillWindow(size);
     taken += takeFromWindow(out + taken, left);
   } else {
     const std::uint64_t before = run_;

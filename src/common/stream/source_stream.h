@@ -21,10 +21,10 @@ class RandomSource {
 
 /// Reads a `RandomSource` with few calls and few bytes.
 ///
-/// A read behind a seek asks for its own bytes only, at the start of the source for 576 bytes.
-/// Reading on from there asks for as much again as was read since the seek, up to 4 KiB: small
-/// fields in a row cost few calls, and never more than twice their bytes are asked for. Of a read
-/// that is larger than that, 64 bytes count.
+/// A read behind a seek asks for 40 bytes besides its own, unless it is a large one, and at the
+/// start of the source for 576 bytes. Reading on from there asks for as much again as was read
+/// since the seek, up to 4 KiB: small fields in a row cost few calls, and never much more than
+/// twice their bytes are asked for. Of a read that is larger than that, 64 bytes count.
 class SourceStreamBuf final : public std::streambuf {
  public:
   explicit SourceStreamBuf(std::unique_ptr<RandomSource> source);
@@ -38,10 +38,10 @@ class SourceStreamBuf final : public std::streambuf {
 
  private:
   [[nodiscard]] std::uint64_t position() const;
-  [[nodiscard]] std::size_t ahead() const;
+  [[nodiscard]] std::size_t sizeOfRead(std::size_t wanted) const;
   void moveTo(std::uint64_t position);
   std::size_t readHere(std::span<char> out);
-  bool fillWindow(std::size_t wanted);
+  bool fillWindow(std::size_t size);
   std::size_t takeFromWindow(char* out, std::size_t count);
 
   std::unique_ptr<RandomSource> source_;

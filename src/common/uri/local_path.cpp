@@ -49,6 +49,23 @@ Segments segmentsOf(const UnicodeString& path, std::int32_t root) {
   return segments;
 }
 
+bool isDots(const UnicodeString& path, std::int32_t start, std::int32_t end) {
+  const std::int32_t length = end - start;
+  return (length == 1 || length == 2) && path.charAt(start) == u'.' && path.charAt(end - 1) == u'.';
+}
+
+/// Whether there is nothing to do, which nearly all paths of a scan show with one look.
+bool isCanonical(const UnicodeString& path, std::int32_t root) {
+  if (path.length() == root) return false;
+  for (std::int32_t start = root; start < path.length();) {
+    std::int32_t end = path.indexOf(kSeparator, start);
+    if (end < 0) end = path.length();
+    if (end == start || isDots(path, start, end)) return false;
+    start = end + 1;
+  }
+  return true;
+}
+
 }  // namespace
 
 bool startsWithDrive(const UnicodeString& path) {
@@ -67,6 +84,7 @@ UnicodeString withSlashes(UnicodeString path) {
 UnicodeString canonicalPath(const UnicodeString& path) {
   if (path.isEmpty()) return path;
   const std::int32_t root = rootLength(path);
+  if (isCanonical(path, root)) return path;
   const Segments segments = segmentsOf(path, root);
   UnicodeString result(path, 0, root);
   for (std::size_t i = 0; i < segments.names.size(); ++i) {

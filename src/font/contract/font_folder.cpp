@@ -11,6 +11,7 @@ FS_FontFolder::FS_FontFolder(const UnicodeString& path, unsigned char reservedVa
 }
 
 const FS_FontFileOptions* FS_FontFolder::findOptions(const UnicodeString& fileName) const {
+  if (fileOptions.empty()) return nullptr;
   const auto found = fileOptions.find(makeFontFileName(fileName).lowerName);
   return found == fileOptions.end() ? nullptr : &found->second;
 }

@@ -34,12 +34,12 @@ class SourceStreamTest : public testing::Test {
   std::unique_ptr<std::istream> stream_;
 };
 
-TEST_F(SourceStreamTest, AReadBehindASeekAsksForItsOwnBytesOnly) {
+TEST_F(SourceStreamTest, AReadBehindASeekAsksForLittleMoreThanItsOwnBytes) {
   EXPECT_EQ(read(5000, 54), bytes_.substr(5000, 54));
   EXPECT_EQ(read(19000, 36), bytes_.substr(19000, 36));
   EXPECT_EQ(read(100, 9000), bytes_.substr(100, 9000));
   EXPECT_EQ(world_.counts().reads, 3u);
-  EXPECT_EQ(world_.counts().bytesRead, 54u + 36 + 9000);
+  EXPECT_EQ(world_.counts().bytesRead, 54u + 40 + 36 + 40 + 9000);
 }
 
 TEST_F(SourceStreamTest, SignatureAndDirectoryComeWithOneCall) {
@@ -56,10 +56,23 @@ TEST_F(SourceStreamTest, AReadLargerThanTheHeadIsNotWidened) {
   EXPECT_EQ(world_.counts().bytesRead, 600u);
 }
 
-TEST_F(SourceStreamTest, ASmallTableBehindALargeOneAsksForLittleMore) {
+TEST_F(SourceStreamTest, ASmallTableBehindAnotherComesWithItsRead) {
   EXPECT_EQ(read(4000, 3000), bytes_.substr(4000, 3000));
-  EXPECT_EQ(read(7000, 32), bytes_.substr(7000, 32));
-  EXPECT_EQ(world_.counts().bytesRead, 3000u + 64);
+  EXPECT_EQ(read(7003, 36), bytes_.substr(7003, 36));
+  EXPECT_EQ(world_.counts().reads, 1u);
+  EXPECT_EQ(world_.counts().bytesRead, 3000u + 40);
+}
+
+TEST_F(SourceStreamTest, ASmallTableBehindALargeOneAsksForLittleMore) {
+  EXPECT_EQ(read(4000, 4060), bytes_.substr(4000, 4060));
+  EXPECT_EQ(read(8060, 32), bytes_.substr(8060, 32));
+  EXPECT_EQ(world_.counts().bytesRead, 4060u + 64);
+}
+
+TEST_F(SourceStreamTest, AReadThatFillsTheWindowWithWhatIsBehindItGoesThroughIt) {
+  EXPECT_EQ(read(4000, 4056), bytes_.substr(4000, 4056));
+  EXPECT_EQ(read(8056, 40), bytes_.substr(8056, 40));
+  EXPECT_EQ(world_.counts().bytesRead, 4096u);
 }
 
 TEST_F(SourceStreamTest, SmallFieldsInARowCostFewCallsAndAtMostTwiceTheirBytes) {
@@ -99,7 +112,7 @@ TEST_F(SourceStreamTest, SeeksFromAllThreeSides) {
   EXPECT_EQ(stream_->seekg(-2, std::ios::cur).tellg(), 19992);
   EXPECT_EQ(readOn(100), bytes_.substr(19992));
   EXPECT_TRUE(stream_->eof());
-  EXPECT_EQ(world_.counts().bytesRead, 4u + 8u);
+  EXPECT_EQ(world_.counts().bytesRead, 10u);
 }
 
 TEST_F(SourceStreamTest, PositionsOutsideGiveNothing) {
