@@ -8,7 +8,8 @@
 namespace QXFontService_NS::outline {
 
 /// Replaces the record's contours by those of an outline, divided by `scale`, and its bounds by
-/// those of all points. An outline without contours leaves the bounds as they were.
+/// those of all points. An outline without contours leaves the bounds as they were. The caller
+/// holds `FS_OutlineLock`.
 void recordOutline(FT_Outline& outline, int scale, FS_GlyphDrawInfo& info);
 
 }  // namespace QXFontService_NS::outline
