@@ -24,7 +24,8 @@ UnicodeString nameOfRecord(const FS_BaseFont& font) {
 
 /// Only where the table doubles: many small folders would have it made anew for each.
 void makeRoom(FS_FontPool::NameTable& table, std::size_t more) {
-  if (more > table.size()) table.reserve(table.size() + more);
+  const std::size_t wanted = table.size() + more;
+  if (more > table.size() && wanted > table.bucket_count()) table.reserve(wanted);
 }
 
 UnicodeString digits(int number) {
