@@ -11,8 +11,9 @@ namespace {
 
 using QXCommonNS::QXMutex;
 
-/// No block is made for a size that the font only promises.
-constexpr std::size_t kMostPromised = std::size_t{1} << 20;
+/// The largest block: no memory is taken for a size that the font only promises, and a block is
+/// still in the cache when its bytes are written behind its zeros.
+constexpr std::size_t kMostPromised = std::size_t{1} << 16;
 
 class CursorBuf : public std::streambuf {
  public:

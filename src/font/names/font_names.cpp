@@ -3,9 +3,17 @@
 namespace QXFontService_NS {
 namespace {
 
+constexpr std::size_t kUsualLength = 512;  // of all names in one language
 constexpr int kPostScriptSlot = static_cast<int>(NameSlot::postScriptName);
 
 }  // namespace
+
+FS_NameSet& FontNames::of(int language) {
+  const auto place = sets_.try_emplace(language).first;
+  // One language is what nearly all fonts have; those that claim thousands grow from nothing.
+  if (sets_.size() == 1 && place->second.isEmpty()) place->second.reserve(kUsualLength);
+  return place->second;
+}
 
 const FS_NameSet* FontNames::find(int language) const {
   const auto found = sets_.find(language);
@@ -19,7 +27,7 @@ void FontNames::chooseDefault(int language) {
   if (chosen == nullptr) chosen = english;
   if (chosen == nullptr) chosen = &sets_.begin()->second;
   defaultNames_ = *chosen;
-  if (english != nullptr && english->has(kPostScriptSlot))
+  if (english != nullptr && english != chosen && english->has(kPostScriptSlot))
     defaultNames_.set(kPostScriptSlot, english->view(kPostScriptSlot));
 }
 

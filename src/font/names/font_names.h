@@ -15,7 +15,7 @@ class FontNames {
   static constexpr int kEnglish = 0x409;
 
   /// The set of a language, made when there is none yet.
-  FS_NameSet& of(int language) { return sets_[language]; }
+  FS_NameSet& of(int language);
   /// The sets by rising language.
   [[nodiscard]] const std::map<int, FS_NameSet>& sets() const { return sets_; }
 

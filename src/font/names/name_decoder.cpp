@@ -67,6 +67,7 @@ bool hasControl(const std::u16string& text) {
 std::optional<std::u16string> decodeUtf16(ByteView text) {
   std::u16string name(text.size() / 2, u'\0');
   text.words(name);
+  if (!hasControl(name)) return name;  // and so no zero
   name.resize(std::min(name.find(u'\0'), name.size()));
   if (hasControl(name)) return std::nullopt;
   return name;

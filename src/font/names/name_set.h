@@ -41,6 +41,9 @@ class FS_NameSet {
   void set(int slot, std::u16string_view name);
   void set(NameSlot slot, std::u16string_view name) { set(static_cast<int>(slot), name); }
 
+  [[nodiscard]] bool isEmpty() const { return text_.empty(); }
+  /// Makes room for names of `length` units together.
+  void reserve(std::size_t length) { text_.reserve(length); }
   /// Gives back what growing reserved.
   void shrink() { text_.shrink_to_fit(); }
 

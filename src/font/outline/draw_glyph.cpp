@@ -25,8 +25,14 @@ bool load(FT_Face face, unsigned short gid, bool vertical) {
          FT_Load_Glyph(face, gid, FT_LOAD_IGNORE_GLOBAL_ADVANCE_WIDTH) == 0;
 }
 
+/// Nearly all values fit an int, whose division takes a third of the time.
+int toUnits(FT_Pos value, int scale) {
+  const int narrow = static_cast<int>(value);
+  return narrow == value ? narrow / scale : static_cast<int>(value / scale);
+}
+
 void fillMetrics(const FT_Glyph_Metrics& metrics, int scale, FS_GlyphDrawInfo& info) {
-  const auto units = [scale](FT_Pos value) { return static_cast<int>(value / scale); };
+  const auto units = [scale](FT_Pos value) { return toUnits(value, scale); };
   info.width = units(metrics.width);
   info.height = units(metrics.height);
   info.horiBearingX = units(metrics.horiBearingX);

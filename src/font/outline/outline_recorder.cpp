@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 #include FT_OUTLINE_H
@@ -11,6 +12,33 @@ namespace {
 
 enum SegmentKind : unsigned int { kLine = 0, kQuadratic = 1, kCubic = 2 };
 
+/// Contours that a record had too many, so that the next glyph with more takes their room again:
+/// contours cost two allocations each, which is more than to fill them. Under the outline lock.
+class SpareContours {
+ public:
+  FS_GlyphContour take() {
+    if (spare_.empty()) return {};
+    FS_GlyphContour contour = std::move(spare_.back());
+    spare_.pop_back();
+    return contour;
+  }
+  void keep(FS_GlyphContour&& contour) {
+    if (spare_.size() < kMost && contour.points.capacity() <= kMostPoints)
+      spare_.push_back(std::move(contour));
+  }
+
+ private:
+  static constexpr std::size_t kMost = 16;
+  static constexpr std::size_t kMostPoints = 256;
+  std::vector<FS_GlyphContour> spare_;
+};
+
+SpareContours& spareContours() {
+  // Never destroyed: a host's static handles may still draw while the process ends.
+  static SpareContours& spare = *new SpareContours;
+  return spare;
+}
+
 /// Fills contours one after the other, in the room that those of the glyph before have: a host
 /// takes many glyphs into one record.
 class Recorder {
@@ -19,7 +47,7 @@ class Recorder {
       : outline_(outline), scale_(static_cast<float>(scale)), contours_(contours) {}
 
   void start(const FT_Vector& at) {
-    if (begun_ == contours_.size()) contours_.emplace_back();
+    if (begun_ == contours_.size()) contours_.push_back(spareContours().take());
     contour_ = &contours_[begun_];
     contour_->segments.clear();
     contour_->points.clear();
@@ -32,7 +60,10 @@ class Recorder {
     contour_->points.push_back(
         {static_cast<float>(at.x) / scale_, static_cast<float>(at.y) / scale_});
   }
-  void finish() { contours_.resize(begun_); }
+  void finish() {
+    for (; contours_.size() > begun_; contours_.pop_back())
+      spareContours().keep(std::move(contours_.back()));
+  }
 
  private:
   /// Each point of an outline ends a segment, and may need another one between it and the next.

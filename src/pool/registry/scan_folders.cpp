@@ -22,9 +22,9 @@ using QXCommonNS::FolderEntry;
 using QXCommonNS::platform;
 
 /// Font programs are no fonts by themselves, so they are noted here and not where fonts are read.
-void noteType1File(FS_FontRegistry& registry, const FS_FontFolder& folder,
-                   const ListedEntry& entry) {
-  if (type1RoleOf(entry.extension()) == Type1Role::none || isExcluded(folder, entry.name)) return;
+void noteType1File(FS_FontRegistry& registry, const FS_FontFolder& folder, const ListedEntry& entry,
+                   const UnicodeString& extension) {
+  if (type1RoleOf(extension) == Type1Role::none || isExcluded(folder, entry.name)) return;
   registry.type1Files().note(fileUriIn(folder, entry.name));
 }
 
@@ -48,7 +48,9 @@ class FolderScan {
   void scan(FS_FontFolder& folder) {
     opening::tellFolder(folder);
     const FS_FontFolder* last = &folder;
-    for (const ListedEntry& entry : listSorted(folder)) {
+    const std::vector<ListedEntry> entries = listSorted(folder);
+    registry_.mainPool().expectFonts(entries.size());
+    for (const ListedEntry& entry : entries) {
       if (entry.kind == FileKind::regular && !entry.system) {
         loadFile(folder, entry);
       } else if (entry.kind == FileKind::folder && folder.recursive != 0) {
@@ -59,8 +61,9 @@ class FolderScan {
   }
 
   void loadFile(FS_FontFolder& folder, const ListedEntry& entry) {
-    noteType1File(registry_, folder, entry);
-    const FS_FontFileType type = fontFileTypeOfExtension(entry.extension());
+    const UnicodeString extension = entry.extension();
+    noteType1File(registry_, folder, entry, extension);
+    const FS_FontFileType type = fontFileTypeOfExtension(extension);
     // Web fonts in folders are no fonts of the pool: documents bring them along.
     if (type == FS_FILETYPE_UNKNOWN || type == FS_FILETYPE_WOFF) return;
     if (!isExcluded(folder, entry.name)) registry_.loadPoolFont(folder, entry.name, 0);
@@ -139,8 +142,9 @@ int FS_FontRegistry::addFontFolderPath(const QXUri& uri) {
   int count = 0;
   for (const ListedEntry& entry : listSorted(*folder)) {
     if (entry.kind != FileKind::regular || entry.system) continue;
-    noteType1File(*this, *folder, entry);
-    if (fontFileTypeOfExtension(entry.extension()) == FS_FILETYPE_UNKNOWN) continue;
+    const UnicodeString extension = entry.extension();
+    noteType1File(*this, *folder, entry, extension);
+    if (fontFileTypeOfExtension(extension) == FS_FILETYPE_UNKNOWN) continue;
     if (loadPoolFont(*folder, entry.name, 0)) ++count;
   }
   return count;

@@ -19,9 +19,18 @@ SortedEntry prepared(const QXCommonNS::FolderEntry& entry) {
   return {QXCommonNS::upperCase(name), {fileNameOf(name), entry.kind, entry.hidden, entry.system}};
 }
 
-bool comesFirst(const SortedEntry& a, const SortedEntry& b) {
-  const auto order = a.upper.compare(b.upper);
-  return order != 0 ? order < 0 : a.entry.name.name < b.entry.name.name;
+bool comesFirst(const SortedEntry* a, const SortedEntry* b) {
+  const auto order = a->upper.compare(b->upper);
+  return order != 0 ? order < 0 : a->entry.name.name < b->entry.name.name;
+}
+
+/// Entries are large, so that their places are sorted.
+std::vector<SortedEntry*> inOrder(std::vector<SortedEntry>& entries) {
+  std::vector<SortedEntry*> places;
+  places.reserve(entries.size());
+  for (SortedEntry& entry : entries) places.push_back(&entry);
+  std::sort(places.begin(), places.end(), comesFirst);
+  return places;
 }
 
 }  // namespace
@@ -41,16 +50,14 @@ std::vector<ListedEntry> listSorted(const FS_FontFolder& folder) {
   if (!QXCommonNS::platform().listFolder(folder.getLocalPath(false).toUTF8String(path), entries)) {
     return {};
   }
-  std::vector<SortedEntry> sorted;
-  sorted.reserve(entries.size());
+  std::vector<SortedEntry> unsorted;
+  unsorted.reserve(entries.size());
   for (const QXCommonNS::FolderEntry& entry : entries) {
-    if (entry.name != "." && entry.name != "..") sorted.push_back(prepared(entry));
+    if (entry.name != "." && entry.name != "..") unsorted.push_back(prepared(entry));
   }
-  std::sort(sorted.begin(), sorted.end(), comesFirst);
-
   std::vector<ListedEntry> listed;
-  listed.reserve(sorted.size());
-  for (SortedEntry& entry : sorted) listed.push_back(std::move(entry.entry));
+  listed.reserve(unsorted.size());
+  for (SortedEntry* entry : inOrder(unsorted)) listed.push_back(std::move(entry->entry));
   return listed;
 }
 

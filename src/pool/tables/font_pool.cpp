@@ -1,5 +1,6 @@
 #include "pool/tables/font_pool.h"
 
+#include <algorithm>
 #include <string>
 
 #include "common/text/root_case.h"
@@ -19,6 +20,12 @@ UnicodeString nameOfRecord(const FS_BaseFont& font) {
   UnicodeString name = font.getPostScriptName(QXLang::LANGID_DEFAULT, 0);
   if (name == UnicodeString(u"00")) name = font.getFamilyName(QXLang::LANGID_DEFAULT, 0);
   return name;
+}
+
+/// Only where the table doubles: many small folders would have it made anew for each.
+void makeRoom(FS_FontPool::NameTable& table, std::size_t more) {
+  const std::size_t wanted = table.size() + more;
+  if (more > table.size() && wanted > table.bucket_count()) table.reserve(wanted);
 }
 
 UnicodeString digits(int number) {
@@ -42,6 +49,14 @@ void FS_FontPool::clear() {
 void FS_FontPool::keepFont(FS_BaseFont* font) {
   fonts_.push_back(font);
   font->refCount.fetch_add(1);
+}
+
+void FS_FontPool::expectFonts(std::size_t count) {
+  constexpr std::size_t kKeysOfAFont = 2;
+  constexpr std::size_t kMostFonts = 4096;
+  const std::size_t keys = kKeysOfAFont * std::min(count, kMostFonts);
+  makeRoom(fileTable_, keys);
+  makeRoom(familyTable_, keys);
 }
 
 void FS_FontPool::addFont(const FS_FontRef& ref) {

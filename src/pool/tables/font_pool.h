@@ -42,6 +42,10 @@ class FS_FontPool : public FS_FontKeySink {
   FS_FontPool& operator=(const FS_FontPool&) = delete;
   virtual ~FS_FontPool();
 
+  /// Makes room in the tables for the keys of so many more fonts; a hint, not taken beyond
+  /// thousands.
+  void expectFonts(std::size_t count);
+
   /// Enters all keys of the font and drops the reference that the caller passes with it. The
   /// font is asked for its style keys twice, with and without the extension of its file, so
   /// that "arial" finds what "arial.ttf" finds.
