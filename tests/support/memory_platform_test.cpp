@@ -77,10 +77,10 @@ TEST(MemoryPlatform, StreamsAndBytesAreCounted) {
   auto stream = world.openFile("/a");
   ASSERT_NE(stream, nullptr);
   EXPECT_EQ(world.openStreams(), 1u);
-  char two[2];
-  stream->seekg(4).read(two, 2);
-  EXPECT_EQ(std::string(two, 2), "45");
-  EXPECT_EQ(world.counts().bytesRead, 2u);
+  char last[4];
+  stream->seekg(6).read(last, 4);
+  EXPECT_EQ(std::string(last, 4), "6789");
+  EXPECT_EQ(world.counts().bytesRead, 4u);
   stream.reset();
   EXPECT_EQ(world.openStreams(), 0u);
   EXPECT_EQ(world.openedPaths(), std::vector<std::string>{"/a"});
