@@ -6,19 +6,13 @@
 #include <unordered_map>
 #include <vector>
 
+#include "common/text/keyed_hash.h"
 #include "font/contract/base_font.h"
 #include "font/contract/font_key_sink.h"
 #include "pool/tables/font_family.h"
 #include "pool/tables/match_font.h"
 
 namespace QXFontService_NS {
-
-/// ICU's hash of a text, for the name tables.
-struct UnicodeStringHash {
-  std::size_t operator()(const UnicodeString& text) const {
-    return static_cast<std::size_t>(static_cast<std::uint32_t>(text.hashCode()));
-  }
-};
 
 /// What a lookup in one pool found, and how.
 struct PoolHit {
@@ -35,7 +29,8 @@ struct PoolHit {
 /// operations but `findFont` want the global lock held by the caller.
 class FS_FontPool : public FS_FontKeySink {
  public:
-  using NameTable = std::unordered_map<UnicodeString, FS_FontFamily, UnicodeStringHash>;
+  using NameTable =
+      std::unordered_map<UnicodeString, FS_FontFamily, QXCommonNS::text::KeyedTextHash>;
 
   FS_FontPool() = default;
   FS_FontPool(const FS_FontPool&) = delete;
@@ -89,7 +84,7 @@ class FS_FontPool : public FS_FontKeySink {
   std::vector<FS_BaseFont*> fonts_;
   NameTable fileTable_;
   NameTable familyTable_;
-  std::unordered_map<UnicodeString, int, UnicodeStringHash> uriTable_;
+  std::unordered_map<UnicodeString, int, QXCommonNS::text::KeyedTextHash> uriTable_;
 };
 
 }  // namespace QXFontService_NS

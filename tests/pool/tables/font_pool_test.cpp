@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <set>
 #include <string>
 
 #include "pool/fake_font.h"
@@ -172,6 +174,29 @@ TEST_F(FontPool, HoldsOneReferenceAFontUntilItIsCleared) {
   EXPECT_EQ(find(u"family"), nullptr);
   EXPECT_EQ(find(u"a.ttf"), nullptr);
   font->release();
+}
+
+/// Texts that ICU's hash, which looks at every other unit of them, cannot tell apart.
+UnicodeString textOfOneIcuHash(int number) {
+  UnicodeString text(64, UChar32{u'A'}, 64);
+  for (int place = 1; number != 0; number /= 26, place += 2)
+    text.setCharAt(place, static_cast<char16_t>(u'A' + number % 26));
+  return text;
+}
+
+TEST_F(FontPool, NamesThatAFontChoseDoNotMeetInOnePlaceOfATable) {
+  constexpr int kNames = 20'000;
+  ASSERT_EQ(textOfOneIcuHash(1).hashCode(), textOfOneIcuHash(kNames - 1).hashCode());
+  const FS_FontRef ref{add(u"/f/a.ttf", u"Family"), 0};
+  std::set<UnicodeString> names;
+  for (int i = 0; i < kNames; ++i) names.insert(textOfOneIcuHash(i));
+  pool.addFamilyNames(names, ref, {});
+  const auto& table = pool.familyTable();
+  std::size_t longest = 0;
+  for (std::size_t i = 0; i < table.bucket_count(); ++i)
+    longest = std::max(longest, table.bucket_size(i));
+  EXPECT_GT(table.size(), std::size_t{kNames});
+  EXPECT_LT(longest, 24u);
 }
 
 }  // namespace
