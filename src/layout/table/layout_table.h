@@ -1,7 +1,7 @@
 #pragma once
 
+#include <map>
 #include <memory>
-#include <unordered_map>
 
 #include "common/bytes/byte_view.h"
 #include "layout/table/feature_list.h"
@@ -13,7 +13,7 @@ namespace QXFontService_NS {
 
 /// One table of layout, OpenType `GSUB` or `GPOS`.
 struct FS_LayoutTables::TTI_LayoutTable {
-  std::unordered_map<unsigned int, std::shared_ptr<const TTI_Script>> scripts;  ///< by tag
+  std::map<unsigned int, std::shared_ptr<const TTI_Script>> scripts;  ///< by tag
   TTI_FeatureList featureList;
   TTI_LookupList lookupList;
 };

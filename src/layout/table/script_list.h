@@ -1,8 +1,8 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <span>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -28,9 +28,9 @@ struct FS_LayoutTables::TTI_LangSys {
 };
 
 /// The language systems of a script by language tag (OpenType Script table); the default one
-/// stands under 0.
+/// stands under 0. Ordered, as a font could choose tags that meet in one place of a hash table.
 struct FS_LayoutTables::TTI_Script {
-  std::unordered_map<unsigned int, std::shared_ptr<const TTI_LangSys>> langSys;
+  std::map<unsigned int, std::shared_ptr<const TTI_LangSys>> langSys;
 };
 
 namespace layout {
