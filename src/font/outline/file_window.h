@@ -19,7 +19,7 @@ using OpenFont = std::function<embed::FontStream()>;
 /// glyphs that are asked for one after the other stand together.
 class FileWindow {
  public:
-  static constexpr std::uint64_t kSize = 64 * 1024;
+  static constexpr std::uint64_t kSize = UINT64_C(64) * 1024;
 
   /// At most `size` bytes from `position`, fewer where the font ends. Valid until the next call.
   [[nodiscard]] ByteView read(std::uint64_t position, std::uint64_t size, const OpenFont& open);
