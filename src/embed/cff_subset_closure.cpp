@@ -2,6 +2,7 @@
 
 #include <bitset>
 
+#include "embed/cff/operands.h"
 #include "embed/charstring/flat_decoder.h"
 #include "type1/maps/standard_strings.h"
 
@@ -40,10 +41,16 @@ class CompositeWatcher final : public charstring::FlatTokenSink {
 
 }  // namespace
 
-bool CompositeFinder::open() {
+bool CompositeFinder::readSubrs() {
+  const QXCommonNS::QXValue& place = itemOf(source_.info->topDict, Keyword::kPrivate);
+  const bool isEmpty = !place.isNull() && FS_Operand(place, 1).getIntegerValue() == 0;
+  if (isEmpty && leave_.emptyPrivate) return true;
   QXCommonNS::QXValue privateMap;
-  return cff::readGlobalSubrs(source_.table, globalSubrs_) &&
-         cff::readLocalSubrs(source_.table, source_.info->topDict, privateMap, localSubrs_) &&
+  return cff::readLocalSubrs(source_.table, source_.info->topDict, privateMap, localSubrs_);
+}
+
+bool CompositeFinder::open() {
+  return cff::readGlobalSubrs(source_.table, globalSubrs_) && readSubrs() &&
          cff::readCFFIndexHeader(source_.table, source_.info->topInteger(Keyword::kCharStrings),
                                  charStrings_);
 }
@@ -64,7 +71,7 @@ bool CompositeFinder::addParts(std::uint16_t glyph, std::vector<std::uint16_t>& 
 void CompositeFinder::addPart(int code, std::vector<std::uint16_t>& parts) const {
   if (code <= 0 || code > 255) return;
   const std::uint16_t sid = type1::kStandardEncodingSids[static_cast<std::size_t>(code)];
-  const std::uint16_t glyph = isoAdobe_ && sid != 0 ? sid : source_.info->getGIDFromCID(sid);
+  const std::uint16_t glyph = leave_.isoAdobe && sid != 0 ? sid : source_.info->getGIDFromCID(sid);
   if (glyph != kNoGlyph) parts.push_back(glyph);
 }
 

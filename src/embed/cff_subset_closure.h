@@ -13,10 +13,16 @@ namespace QXFontService_NS::embed {
 /// search needs at once, and serves any number of glyphs.
 class CompositeFinder {
  public:
-  /// `isoAdobe`: the font has the predefined charset 0, in which glyph ids are SIDs; what was read
-  /// of a font does not tell of predefined charsets.
-  explicit CompositeFinder(const CffSubsetSource& source, bool isoAdobe = false)
-      : source_(source), isoAdobe_(isoAdobe) {}
+  /// What the format allows and the plain subset does not take: documents rely on its answers.
+  struct Leave {
+    /// The font has the predefined charset 0, in which glyph ids are SIDs; what was read of a font
+    /// does not tell of predefined charsets.
+    bool isoAdobe = false;
+    /// A Private DICT of no bytes has no subroutines, and is no failure.
+    bool emptyPrivate = false;
+  };
+  explicit CompositeFinder(const CffSubsetSource& source) : CompositeFinder(source, Leave()) {}
+  CompositeFinder(const CffSubsetSource& source, Leave leave) : source_(source), leave_(leave) {}
 
   /// Reads subroutines and the head of the CharStrings INDEX of a name-keyed font.
   [[nodiscard]] bool open();
@@ -25,10 +31,11 @@ class CompositeFinder {
   [[nodiscard]] bool addParts(std::uint16_t glyph, std::vector<std::uint16_t>& parts);
 
  private:
+  [[nodiscard]] bool readSubrs();
   void addPart(int code, std::vector<std::uint16_t>& parts) const;
 
   const CffSubsetSource& source_;
-  bool isoAdobe_;
+  Leave leave_;
   FS_CFFStrings globalSubrs_;
   cff::LocalSubrs localSubrs_;
   FS_CFFIndexHeader charStrings_;

@@ -98,7 +98,8 @@ class ConformingWriter {
   bool closeComposites() {
     const bool isType1 = top_->last(cff::kOpCharstringType) == 1;
     if (source_.info->isCID || isType1) return true;
-    CompositeFinder finder(source_, top_->last(cff::kOpCharset) == 0);
+    CompositeFinder finder(source_,
+                           {.isoAdobe = top_->last(cff::kOpCharset) == 0, .emptyPrivate = true});
     if (!finder.open()) return false;
     std::vector<std::uint16_t> open;
     for (unsigned glyph = 0; glyph < glyphCount_; ++glyph)

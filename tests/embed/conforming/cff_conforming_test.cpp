@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "embed/cff/operands.h"
 #include "embed/cff_subset_fixture.h"
 #include "support/truncation.h"
 
@@ -95,6 +96,15 @@ TEST(ConformingCff, KeepsPrivateDictAndSubrs) {
     EXPECT_EQ(cff::stringsOf(subrs), FS_CFFStrings{"\x0B"});
     EXPECT_EQ(globalSubrs, FS_CFFStrings{"\x0B"});
   }
+}
+
+TEST(ConformingCff, TakesAPrivateDictOfNoBytes) {
+  CffBuilder builder = nameKeyedFont(4);
+  builder.privates = {qxtest::CffPrivate()};
+  OpenedCff font(conformingFrom(builder, {2}, 4));
+  ASSERT_TRUE(font.loaded);
+  EXPECT_EQ(charStringsOf(font), (FS_CFFStrings{glyphOf(0), kEmpty, glyphOf(2), kEmpty}));
+  EXPECT_EQ(FS_Operand(itemOf(font.info.topDict, Keyword::kPrivate), 1).getIntegerValue(), 0);
 }
 
 TEST(ConformingCff, KeepsFontDictsInAnyOrderOfTheSource) {
