@@ -12,24 +12,33 @@ embed::FontStream openForReading(FS_BaseFont& font) {
   return embed::openFontStream(nullptr, font.getFontFileName2());
 }
 
-std::unique_ptr<outline::GlyphGuard> makeGuard(const FS_TrueTypeInfo& info) {
+std::unique_ptr<outline::GlyphGuard> makeGuard(const FS_TrueTypeInfo* info) {
   auto guard = std::make_unique<outline::GlyphGuard>();
-  if (info.hasGlyf()) {
-    guard->setGlyphTables({*info.getTable(sfnt::tagOf("glyf")), *info.getTable(sfnt::tagOf("loca")),
-                           info.records().head.indexToLocFormat != 0});
+  if (info != nullptr && info->hasGlyf()) {
+    guard->setGlyphTables({*info->getTable(sfnt::tagOf("glyf")),
+                           *info->getTable(sfnt::tagOf("loca")),
+                           info->records().head.indexToLocFormat != 0});
   }
-  if (info.hasCFF()) guard->setCff(*info.getTable(sfnt::tagOf("CFF ")), info.cffFont());
+  if (info != nullptr && info->hasCFF())
+    guard->setCff(*info->getTable(sfnt::tagOf("CFF ")), info->cffFont());
   return guard;
+}
+
+void deleteGuard(void* face) {
+  delete static_cast<outline::GlyphGuard*>(static_cast<FT_Face>(face)->generic.data);
+}
+
+/// The guard stands in the face, which deletes it: finding it takes no look at the font.
+outline::GlyphGuard& guardOf(FT_Face face, FS_BaseFont& font, int entry) {
+  if (face->generic.data == nullptr)
+    face->generic = {makeGuard(SfntFont::recordOf(font, entry)).release(), deleteGuard};
+  return *static_cast<outline::GlyphGuard*>(face->generic.data);
 }
 
 }  // namespace
 
-bool isDrawableGlyph(FS_BaseFont& font, int entry, unsigned short gid) {
-  FS_TrueTypeInfo* info = SfntFont::recordOf(font, entry);
-  if (info == nullptr) return true;
-  std::unique_ptr<outline::GlyphGuard>& guard = info->glyphGuard();
-  if (guard == nullptr) guard = makeGuard(*info);
-  return guard->passes(gid, [&font] { return openForReading(font); });
+bool isDrawableGlyph(FT_Face face, FS_BaseFont& font, int entry, unsigned short gid) {
+  return guardOf(face, font, entry).passes(gid, [&font] { return openForReading(font); });
 }
 
 }  // namespace QXFontService_NS

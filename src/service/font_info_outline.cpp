@@ -20,7 +20,7 @@ bool FS_FontInfo::getGlyphDrawInfo(unsigned short gid, FS_GlyphDrawInfo& info,
   return service::atBoundary(false, [&] {
     const QXMutex guard(&FS_OutlineLock());
     FT_Face face = font_->getFreeTypeFace(entry_);
-    return face != nullptr && isDrawableGlyph(*font_, entry_, gid) &&
+    return face != nullptr && isDrawableGlyph(face, *font_, entry_, gid) &&
            outline::drawGlyph(face, gid, info, vertical);
   });
 }

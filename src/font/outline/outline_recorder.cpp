@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -114,26 +115,43 @@ int cubicTo(const FT_Vector* control1, const FT_Vector* control2, const FT_Vecto
   return 0;
 }
 
-void widen(float* bounds, const FS_GlyphContour& contour) {
-  float least[2] = {bounds[0], bounds[1]};
-  float greatest[2] = {bounds[2], bounds[3]};
-  for (const FS_GlyphContour::Point& point : contour.points) {
-    least[0] = std::min(least[0], point.x);
-    least[1] = std::min(least[1], point.y);
-    greatest[0] = std::max(greatest[0], point.x);
-    greatest[1] = std::max(greatest[1], point.y);
+/// The least and the greatest of points.
+template <class Point>
+struct Box {
+  Point least, greatest;
+
+  explicit Box(const Point& first) : least(first), greatest(first) {}
+  void widen(const Point& at) {
+    least.x = std::min(at.x, least.x);
+    least.y = std::min(at.y, least.y);
+    greatest.x = std::max(at.x, greatest.x);
+    greatest.y = std::max(at.y, greatest.y);
   }
-  std::copy_n(least, 2, bounds);
-  std::copy_n(greatest, 2, bounds + 2);
+  void store(float scale, FS_GlyphDrawInfo& info) const {
+    info.bounds[0] = static_cast<float>(least.x) / scale;
+    info.bounds[1] = static_cast<float>(least.y) / scale;
+    info.bounds[2] = static_cast<float>(greatest.x) / scale;
+    info.bounds[3] = static_cast<float>(greatest.y) / scale;
+  }
+};
+
+/// Of an outline that was decomposed to its end: what is recorded besides its points lies between
+/// two of them. One walk, without a division for each.
+void boundWhole(const FT_Outline& outline, int scale, FS_GlyphDrawInfo& info) {
+  if (outline.n_contours == 0) return;
+  const auto last = static_cast<std::size_t>(outline.contours[outline.n_contours - 1]);
+  Box<FT_Vector> box(*outline.points);
+  for (const FT_Vector& point : std::span(outline.points, last + 1)) box.widen(point);
+  box.store(static_cast<float>(scale), info);
 }
 
-/// In walks over the points and not at each of them: the least and greatest stay in registers.
-void findBounds(FS_GlyphDrawInfo& info) {
+/// Of what was recorded before a damaged place.
+void boundPart(FS_GlyphDrawInfo& info) {
   if (info.contours.empty()) return;
-  const FS_GlyphContour::Point& first = info.contours.front().points.front();
-  info.bounds[0] = info.bounds[2] = first.x;
-  info.bounds[1] = info.bounds[3] = first.y;
-  for (const FS_GlyphContour& contour : info.contours) widen(info.bounds, contour);
+  Box<FS_GlyphContour::Point> box(info.contours.front().points.front());
+  for (const FS_GlyphContour& contour : info.contours)
+    for (const FS_GlyphContour::Point& point : contour.points) box.widen(point);
+  box.store(1, info);
 }
 
 }  // namespace
@@ -142,9 +160,13 @@ void recordOutline(FT_Outline& outline, int scale, FS_GlyphDrawInfo& info) {
   info.evenOddFill = (outline.flags & FT_OUTLINE_EVEN_ODD_FILL) != 0;
   static constexpr FT_Outline_Funcs kCallbacks = {moveTo, lineTo, conicTo, cubicTo, 0, 0};
   Recorder context(outline, scale, info.contours);
-  FT_Outline_Decompose(&outline, &kCallbacks, &context);
+  const bool isWhole = FT_Outline_Decompose(&outline, &kCallbacks, &context) == 0;
   context.finish();
-  findBounds(info);
+  if (isWhole) {
+    boundWhole(outline, scale, info);
+  } else {
+    boundPart(info);
+  }
 }
 
 }  // namespace QXFontService_NS::outline

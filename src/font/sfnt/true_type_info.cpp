@@ -2,7 +2,6 @@
 
 #include "font/contract/base_font.h"
 #include "font/contract/font_error.h"
-#include "font/outline/glyph_guard.h"
 #include "font/sfnt/sfnt_reader.h"
 
 namespace QXFontService_NS {

@@ -22,10 +22,6 @@
 
 namespace QXFontService_NS {
 
-namespace outline {
-class GlyphGuard;
-}
-
 class FS_BaseFont;
 class FS_EnumLogFontEx;
 class FS_NewTextMetricEx;
@@ -156,12 +152,6 @@ class FS_TrueTypeInfo : public FS_LayoutTables {
   /// The character collection of a CID-keyed CFF; false, with `out` untouched, for others.
   bool getCIDSystemInfo(FS_CIDSystemInfo& out) const;
 
-  // --- Outlines ---
-
-  /// What guards FreeType against the font's glyphs; null until the first outline is asked for.
-  /// Under the outline lock.
-  [[nodiscard]] std::unique_ptr<outline::GlyphGuard>& glyphGuard() { return glyphGuard_; }
-
   // --- End-user-defined characters ---
 
   void setEudcFlag() { eudcFlag_ = true; }
@@ -184,7 +174,6 @@ class FS_TrueTypeInfo : public FS_LayoutTables {
   bool couldNotOpen_ = false;  // under tableMutex_
   std::unique_ptr<const sfnt::LoadedTables> loaded_;
   std::atomic<const sfnt::LoadedTables*> published_{nullptr};  // written last of all
-  std::unique_ptr<outline::GlyphGuard> glyphGuard_;  // reads what was loaded, so it goes first
 };
 
 }  // namespace QXFontService_NS

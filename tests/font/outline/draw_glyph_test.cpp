@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,6 +16,7 @@
 #include "font/contract/free_type_face.h"
 #include "font/outline/outline_recorder.h"
 #include "support/glyf_builder.h"
+#include "support/random_draw.h"
 #include "support/sfnt_builder.h"
 #include "support/table_builders.h"
 
@@ -283,6 +286,48 @@ TEST(OutlineRecorder, DividesPointsAsFloats) {
   outline::recordOutline(source, 16, info);
   EXPECT_EQ(info.contours[0].points[0].x, 7.0F / 16.0F);
   EXPECT_EQ(info.contours[0].points[0].y, -3.0F / 16.0F);
+}
+
+/// The bounds of what was recorded, point by point.
+std::array<float, 4> boundsOfPoints(const FS_GlyphDrawInfo& info) {
+  const auto& first = info.contours.front().points.front();
+  std::array<float, 4> box{first.x, first.y, first.x, first.y};
+  for (const FS_GlyphContour& contour : info.contours)
+    for (const auto& point : contour.points)
+      box = {std::min(box[0], point.x), std::min(box[1], point.y), std::max(box[2], point.x),
+             std::max(box[3], point.y)};
+  return box;
+}
+
+std::array<float, 4> boundsOf(const FS_GlyphDrawInfo& info) {
+  return {info.bounds[0], info.bounds[1], info.bounds[2], info.bounds[3]};
+}
+
+TEST(OutlineRecorder, BoundsEveryRecordedPointHoweverTheCurvesAreJoined) {
+  qxtest::RandomDraw draw(21);
+  for (int round = 0; round < 500; ++round) {
+    OwnOutline own;
+    for (FT_Vector& point : own.points)
+      point = {static_cast<FT_Pos>(draw.below(4001)) - 2000,
+               static_cast<FT_Pos>(draw.below(4001)) - 2000};
+    for (unsigned char& tag : own.tags)
+      tag = draw.below(2) == 0 ? FT_CURVE_TAG_ON : FT_CURVE_TAG_CONIC;
+    FT_Outline source = own.outline();
+    FS_GlyphDrawInfo info;
+    outline::recordOutline(source, 10, info);
+    ASSERT_EQ(info.contours.size(), 2U);
+    EXPECT_EQ(boundsOf(info), boundsOfPoints(info)) << round;
+  }
+}
+
+TEST(OutlineRecorder, ADamagedOutlineIsBoundedAsFarAsItWasRecorded) {
+  OwnOutline own;
+  own.tags[3] = FT_CURVE_TAG_CUBIC;  // no contour begins so
+  FT_Outline source = own.outline();
+  FS_GlyphDrawInfo info;
+  outline::recordOutline(source, 10, info);
+  ASSERT_EQ(info.contours.size(), 1U);
+  EXPECT_EQ(boundsOf(info), (std::array<float, 4>{0.0F, 0.0F, 4.0F, 4.0F}));
 }
 
 TEST(OutlineRecorder, TakesTheFillRuleOfTheOutline) {
