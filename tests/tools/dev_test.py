@@ -202,7 +202,8 @@ class CommandTest(DevTest):
 
     def test_wrong_calls_are_status_2_and_one_line(self):
         for call in (["frobnicate"], ["build", "fast"], ["test", "--preset", "fast"],
-                     ["test", "--preset"], ["lint", "everything"]):
+                     ["test", "--preset"], ["lint", "everything"], ["install"],
+                     ["install", ""], ["install", "/a", "/b"]):
             with self.subTest(call=call):
                 done = self.dev(*call)
                 self.assertEqual(done.returncode, 2)
@@ -236,6 +237,34 @@ class CommandTest(DevTest):
         done = self.dev("run", "list")
         self.assertEqual((done.stdout, done.stderr), ("", "dev: qxfont is not there yet\n"))
         self.assertEqual(done.returncode, 2)
+
+    def stand_in_release(self):
+        """A configured release build; cmake and cpack tell what they were asked."""
+        for name in ("cmake", "cpack"):
+            self.stand_in(name, f'echo "{name} $*" >>"{self.log}"')
+        self.made = os.path.join(self.root, "build", "release")
+
+    def test_install_builds_for_the_prefix_and_says_where(self):
+        self.stand_in_release()
+        done = self.dev("install", "/opt/fonts")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertEqual([re.sub(r" -j \d+", "", call) for call in self.calls()], [
+            "cmake --preset release -DCMAKE_INSTALL_PREFIX=/opt/fonts",
+            f"cmake --build {self.made} --target installed",
+            f"cmake --install {self.made} --strip",
+        ])
+        self.assertIn("dev: installed below /opt/fonts: ", done.stderr)
+
+    def test_install_takes_a_folder_of_where_it_was_called(self):
+        self.stand_in_release()
+        self.assertIn("installed below /here/it: ", self.dev("install", "here/it").stderr)
+        self.assertIn("-DCMAKE_INSTALL_PREFIX=/here/it", self.calls()[0])
+
+    def test_install_fails_with_cmake_and_says_nothing_of_success(self):
+        self.stand_in("cmake", '[ "$1" != --install ]')
+        done = self.dev("install", "/opt/fonts")
+        self.assertEqual(done.returncode, 1)
+        self.assertEqual(done.stderr, "dev: not everything could be installed below /opt/fonts\n")
 
     def stand_in_demo(self, text):
         os.mkdir(os.path.join(self.root, "examples"))
