@@ -78,3 +78,5 @@ if(TARGET qxfont)
   install(FILES tools/qxfont/completion.bash RENAME qxfont COMPONENT tools
     DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
 endif()
+
+include(QxPackages)
