@@ -52,11 +52,14 @@ function(qx_libraries)
     string(TOLOWER ${kind} suffix)
     set(target ${ARG_NAME}_${suffix})
     add_library(${target} ${kind} ${objects})
-    target_link_libraries(${target} PRIVATE qx_options PUBLIC qx_dependencies)
-    target_include_directories(${target} PUBLIC "${CMAKE_SOURCE_DIR}/include")
+    target_link_libraries(${target} PUBLIC ${QX_PUBLIC_DEPENDENCIES}
+      PRIVATE $<BUILD_INTERFACE:qx_options> ${QX_PRIVATE_DEPENDENCIES})
+    target_include_directories(${target} PUBLIC "$<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/include>")
+    target_compile_features(${target} INTERFACE cxx_std_17)  # that is enough for the headers
     set_target_properties(${target} PROPERTIES OUTPUT_NAME ${ARG_NAME} LINKER_LANGUAGE CXX
       VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
   endforeach()
+  target_compile_definitions(${ARG_NAME}_static INTERFACE QX_STATIC=1)
   if(UNIX AND NOT APPLE)
     set(map "${CMAKE_SOURCE_DIR}/cmake/exported_names.map")
     target_link_options(${ARG_NAME}_shared PRIVATE "LINKER:--version-script=${map}")

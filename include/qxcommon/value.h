@@ -31,11 +31,11 @@ class QX_EXPORT QXValue {
   };
 
   /// The null value.
-  constexpr QXValue() noexcept : tag_(TAG_NULL), content_{.integer = 0} {}
-  constexpr QXValue(int value) noexcept : tag_(TAG_INTEGER), content_{.integer = value} {}
-  constexpr QXValue(double value) noexcept : tag_(TAG_REAL), content_{.real = value} {}
+  constexpr QXValue() noexcept : tag_(TAG_NULL), content_(0) {}
+  constexpr QXValue(int value) noexcept : tag_(TAG_INTEGER), content_(value) {}
+  constexpr QXValue(double value) noexcept : tag_(TAG_REAL), content_(value) {}
   constexpr QXValue(float value) noexcept : QXValue(static_cast<double>(value)) {}
-  constexpr QXValue(QXNameEnum name) noexcept : tag_(TAG_NAME), content_{.name = name} {}
+  constexpr QXValue(QXNameEnum name) noexcept : tag_(TAG_NAME), content_(name) {}
   /// A text. It is not parsed, whatever stands in it; that is what `QXParser` is for.
   QXValue(const UnicodeString& text, QXUnitType unit);
 
@@ -108,6 +108,11 @@ class QX_EXPORT QXValue {
     double real;
     QXNameEnum name;
     Body* body;
+
+    constexpr explicit Content(int value) noexcept : integer(value) {}
+    constexpr explicit Content(double value) noexcept : real(value) {}
+    constexpr explicit Content(QXNameEnum value) noexcept : name(value) {}
+    constexpr explicit Content(Body* value) noexcept : body(value) {}
   };
 
   [[nodiscard]] bool isShared() const { return tag_ >= TAG_STRING; }

@@ -72,7 +72,7 @@ class DevTest(unittest.TestCase):
 class SetupTest(DevTest):
     def test_nothing_missing_asks_no_package_manager(self):
         self.have(*self.packages("all"))
-        for group in ("demo", "test", "browser", "bench", "all"):
+        for group in ("demo", "test", "browser", "bench", "package", "all"):
             self.assertEqual(self.dev("setup", group).returncode, 0)
         self.assertEqual(self.calls(), [])
 
@@ -145,14 +145,14 @@ class SetupTest(DevTest):
 
     def test_every_group_holds_the_demo_and_names_nothing_twice(self):
         demo = set(self.packages("demo"))
-        for group in ("test", "browser", "bench", "all"):
+        for group in ("test", "browser", "bench", "package", "all"):
             names = self.packages(group)
             self.assertLess(demo, set(names))
             self.assertEqual(len(names), len(set(names)))
 
     def test_all_holds_every_group(self):
         everything = set(self.packages("all"))
-        for group in ("test", "browser", "bench"):
+        for group in ("test", "browser", "bench", "package"):
             self.assertLessEqual(set(self.packages(group)), everything)
 
     def test_the_fonts_of_the_bench_are_fetched_when_they_are_not_there(self):
@@ -180,7 +180,7 @@ class SetupTest(DevTest):
     def test_each_package_has_its_reason(self):
         with open(os.path.join(ROOT, "dev"), encoding="utf-8") as file:
             lists = re.findall(r"<<'LIST'\n(.*?)\nLIST", file.read(), re.DOTALL)
-        self.assertEqual(len(lists), 4)
+        self.assertEqual(len(lists), 5)
         for line in "\n".join(lists).split("\n"):
             self.assertRegex(line, r"^[a-z0-9+.-]+ {2,}\S.*")
 
@@ -193,7 +193,7 @@ class CommandTest(DevTest):
     def test_help_names_every_command(self):
         text = self.dev("help").stdout
         for name in ("setup", "build", "run", "demo", "test", "lint", "bench", "fuzz", "docs",
-                     "install", "help"):
+                     "install", "package", "help"):
             self.assertRegex(text, rf"(?m)^  {name}\b")
 
     def test_no_command_shows_the_help(self):
@@ -202,7 +202,8 @@ class CommandTest(DevTest):
 
     def test_wrong_calls_are_status_2_and_one_line(self):
         for call in (["frobnicate"], ["build", "fast"], ["test", "--preset", "fast"],
-                     ["test", "--preset"], ["lint", "everything"]):
+                     ["test", "--preset"], ["lint", "everything"], ["install"],
+                     ["install", ""], ["install", "/a", "/b"], ["package", "deb"]):
             with self.subTest(call=call):
                 done = self.dev(*call)
                 self.assertEqual(done.returncode, 2)
@@ -236,6 +237,59 @@ class CommandTest(DevTest):
         done = self.dev("run", "list")
         self.assertEqual((done.stdout, done.stderr), ("", "dev: qxfont is not there yet\n"))
         self.assertEqual(done.returncode, 2)
+
+    def stand_in_release(self):
+        """A configured release build; cmake, cpack and python3 tell what they were asked."""
+        for name in ("cmake", "cpack"):
+            self.stand_in(name, f'echo "{name} $*" >>"{self.log}"')
+        self.made = os.path.join(self.root, "build", "release")
+
+    def test_install_builds_for_the_prefix_and_says_where(self):
+        self.stand_in_release()
+        done = self.dev("install", "/opt/fonts")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertEqual([re.sub(r" -j \d+", "", call) for call in self.calls()], [
+            "cmake --preset release -DCMAKE_INSTALL_PREFIX=/opt/fonts",
+            f"cmake --build {self.made} --target installed",
+            f"cmake --install {self.made} --strip",
+        ])
+        self.assertIn("dev: installed below /opt/fonts: ", done.stderr)
+
+    def test_install_takes_a_folder_of_where_it_was_called(self):
+        self.stand_in_release()
+        self.assertIn("installed below /here/it: ", self.dev("install", "here/it").stderr)
+        self.assertIn("-DCMAKE_INSTALL_PREFIX=/here/it", self.calls()[0])
+
+    def test_install_fails_with_cmake_and_says_nothing_of_success(self):
+        self.stand_in("cmake", '[ "$1" != --install ]')
+        done = self.dev("install", "/opt/fonts")
+        self.assertEqual(done.returncode, 1)
+        self.assertEqual(done.stderr, "dev: not everything could be installed below /opt/fonts\n")
+
+    def test_package_makes_both_kinds_each_for_its_prefix(self):
+        self.stand_in_release()
+        out = os.path.join(self.root, "build", "package")
+        os.makedirs(out)
+        open(os.path.join(out, "old.deb"), "w").close()
+        self.dev("package")  # ends at the look into packages, which are none here
+        asked = [call for call in self.calls() if "--build" not in call]
+        config = os.path.join(self.made, "CPackConfig.cmake")
+        self.assertEqual(asked, [
+            "cmake --preset release -DCMAKE_INSTALL_PREFIX=/usr",
+            f"cpack --config {config} -G DEB -B {out}",
+            "cmake --preset release -DCMAKE_INSTALL_PREFIX=/usr/local",
+            f"cpack --config {config} -G TGZ -B {out}",
+        ])
+        self.assertFalse(os.path.exists(out))
+
+    def test_package_fails_with_the_look_into_what_it_made(self):
+        self.stand_in_release()
+        folder = os.path.join(self.root, "tests", "consumer")
+        os.makedirs(folder)
+        for status in (0, 1):
+            with open(os.path.join(folder, "packages_test.py"), "w", encoding="utf-8") as file:
+                file.write(f"raise SystemExit({status})\n")
+            self.assertEqual(self.dev("package").returncode, status)
 
     def stand_in_demo(self, text):
         os.mkdir(os.path.join(self.root, "examples"))

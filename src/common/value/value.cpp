@@ -10,7 +10,7 @@ namespace QXCommonNS {
 constinit const QXValue QXValue::NULL_VALUE;
 
 QXValue::QXValue(const UnicodeString& text, QXUnitType)
-    : tag_(TAG_STRING), content_{.body = new Body(text)} {}
+    : tag_(TAG_STRING), content_(new Body(text)) {}
 
 void QXValue::addReference() const noexcept {
   content_.body->references.fetch_add(1, std::memory_order_relaxed);
