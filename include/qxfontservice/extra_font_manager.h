@@ -28,6 +28,7 @@ class QX_EXPORT FS_ExtraFontManager {
 
   /// The set to pass to `FS_FontInfo`; owned by the manager.
   FS_ExtraFonts* getExtraFonts() const;
+  /// How many fonts were added; their numbers are 0 to one less.
   int getFontsCount() const;
 
   /// Adds a font under a family name, or a further family name to a font added before.
