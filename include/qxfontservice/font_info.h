@@ -257,7 +257,9 @@ class QX_EXPORT FS_FontInfo {
 
   /// The glyph of a character, in its vertical form if asked; FS_NO_GLYPH for none.
   unsigned short getGlyphID(int codePoint, bool vertical) const;
-  /// The glyphs of a text, one for each character; FS_NO_GLYPH where the font has none.
+  /// The glyphs of a text, one for each character; FS_NO_GLYPH where the font has none. The first
+  /// character without one has the glyph of the font's default character instead, if it names one
+  /// (OpenType `OS/2`, usDefaultChar); end-user-defined ones ahead of it have 0.
   /// @param out room for `text.length()` ids.
   /// @param count told the number written.
   /// @param firstMissing told the UTF-16 index of the first character without a glyph, -1 for none;
