@@ -1,5 +1,38 @@
-# What Doxygen reads of a header: copies, assignments and overridden operations of the standard
-# library say by themselves what they do, so the headers do not. Line numbers stay.
+# What Doxygen reads. Of a header: copies, assignments and overridden operations of the standard
+# library say by themselves what they do, so the headers do not. Of a page of the guide: headings get
+# anchors, which links name; those of Doxygen are one set for all pages. Line numbers stay.
+function anchor(page, text) {
+  text = tolower(text)
+  gsub(/[^a-z0-9_ -]/, "", text)
+  gsub(/ /, "-", text)
+  return page "-" text
+}
+
+FNR == 1 {
+  isPage = FILENAME ~ /\.md$/
+  page = FILENAME
+  sub(/.*\//, "", page)
+  sub(/\.md$/, "", page)
+}
+isPage && /^```/ { inBlock = !inBlock }
+isPage && !inBlock {
+  if (/^##+ /) {
+    text = $0
+    sub(/^#+ /, "", text)
+    $0 = $0 " {#" anchor(page, text) "}"
+  } else if (/^# / && page != "README") {
+    $0 = $0 " {#guide_" page "}"
+  }
+  while (match($0, /\]\([a-z]*(\.md)?#[a-z0-9-]+\)/)) {
+    link = substr($0, RSTART + 2, RLENGTH - 3)
+    split(link, parts, "#")
+    target = parts[1] == "" ? page : substr(parts[1], 1, length(parts[1]) - 3)
+    $0 = substr($0, 1, RSTART + 1) "@ref " target "-" parts[2] substr($0, RSTART + RLENGTH - 1)
+  }
+}
+isPage { gsub(/\]\(\.\.\/\.\.\//, "](../../../") }  # files of the project, from build/docs/html
+isPage { print; next }
+
 function say(text) { sub(/^ +/, "&/** " text " */ ") }
 
 !documented && !/\/\/\/</ {
