@@ -362,8 +362,9 @@ class QX_EXPORT FS_FontInfo {
   FS_EMBEDSTATUS getEmbedStatus() const;
   /// How many characters the font can show, by its largest character map.
   unsigned int getEmbedableCharCount() const;
-  /// Whether there are outlines to write. What the licence allows is another question, which no
-  /// member below asks: see `getEmbedStatus`.
+  /// Whether an sfnt font has outlines to write; false for Type 1 fonts, whose `getEmbedStatus`
+  /// tells whether there is a font program. What the licence allows is another question, which no
+  /// member below asks.
   bool canEmbedFont() const;
   /// An sfnt subset of the tables in a zero-ended list of tags; null takes all tables.
   bool getEmbedFont(const std::vector<unsigned short>& gids, QXMemStream& out,
