@@ -12,6 +12,7 @@
 
 using namespace QXFontService_NS;
 
+// [glyphs]
 // The glyphs of a text, in its order; empty when the face lacks a character.
 static std::vector<unsigned short> glyphsOf(const FS_FontInfo& font, const UnicodeString& text) {
   std::vector<unsigned short> glyphs(static_cast<std::size_t>(text.length()));
@@ -22,7 +23,9 @@ static std::vector<unsigned short> glyphsOf(const FS_FontInfo& font, const Unico
   glyphs.resize(static_cast<std::size_t>(count));
   return glyphs;
 }
+// [glyphs end]
 
+// [embed]
 static bool embed(const UnicodeString& family, const UnicodeString& text, const char* file) {
   FS_FontInfo font;
   if (!font.createFont(family, 400, false)) return false;
@@ -34,6 +37,7 @@ static bool embed(const UnicodeString& family, const UnicodeString& text, const 
   out << subset.rdbuf();
   return out.good();
 }
+// [embed end]
 
 int main(int count, char** arguments) {
   if (count != 4) return 2;

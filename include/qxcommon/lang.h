@@ -19,10 +19,10 @@ class QX_EXPORT QXLang {
 
   /// The language of the process.
   QXLang();
-  explicit QXLang(const Locale& locale);
+  explicit QXLang(const Locale& locale);  ///< A copy of `locale` is kept.
   ~QXLang();
 
-  [[nodiscard]] const Locale& getLocale() const { return locale_; }
+  [[nodiscard]] const Locale& getLocale() const { return locale_; }  ///< Lives as long as this.
 
   /// The locale of the process: ICU's default at the time of the call, to be compared with
   /// constants such as `Locale::getKorean()`. A host that wants another language for the names of

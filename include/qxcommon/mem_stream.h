@@ -28,7 +28,7 @@ class QX_EXPORT QXMemStream : public std::iostream {
   /// Appends a zero-ended text. Text and string stand behind all content, wherever the put
   /// position is, and leave it at the new end.
   QXMemStream& writeStr(const char* text);
-  QXMemStream& operator+=(const std::string& text);
+  QXMemStream& operator+=(const std::string& text);  ///< As `writeStr`; zeros count.
   /// The stream's own buffer; never null.
   QXMemStreamBuf* getMemStreamBuf() const;
 

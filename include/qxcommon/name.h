@@ -29,9 +29,9 @@ class QX_EXPORT QXName {
   /// The name of a known number.
   QXName(QXNameEnum value) : value_(value) {}
 
-  [[nodiscard]] QXNameEnum getNameEnum() const { return value_; }
+  [[nodiscard]] QXNameEnum getNameEnum() const { return value_; }  ///< Its number.
 
-  bool operator==(const QXName& other) const { return value_ == other.value_; }
+  bool operator==(const QXName& other) const { return value_ == other.value_; }  ///< By number.
   bool operator!=(const QXName& other) const { return value_ != other.value_; }
   /// An order for containers: by number, which is not that of the texts.
   bool operator<(const QXName& other) const { return value_ < other.value_; }

@@ -15,7 +15,7 @@ class QXPtr {
  public:
   /// Points at nothing.
   QXPtr() = default;
-  QXPtr(std::nullptr_t) {}
+  QXPtr(std::nullptr_t) {}  ///< Points at nothing.
 
   /// Adds a reference of its own to `object`, which may be null.
   QXPtr(T* object) : object_(object) {
@@ -40,9 +40,9 @@ class QXPtr {
 
   /// The object, borrowed; null when the pointer is empty.
   [[nodiscard]] T* get() const { return object_; }
-  T* operator->() const { return object_; }
-  T& operator*() const { return *object_; }
-  explicit operator bool() const { return object_ != nullptr; }
+  T* operator->() const { return object_; }  ///< Of a pointer that is not empty.
+  T& operator*() const { return *object_; }  ///< Of a pointer that is not empty.
+  explicit operator bool() const { return object_ != nullptr; }  ///< Whether it is not empty.
 
   friend bool operator==(const QXPtr& a, const QXPtr& b) { return a.object_ == b.object_; }
 

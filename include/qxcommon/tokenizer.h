@@ -11,6 +11,7 @@ namespace QXCommonNS {
 /// Takes a text apart from left to right. One thread.
 class QX_EXPORT QXTokenizer {
  public:
+  /// The grammars.
   enum TokenizerType : int {
     TOKENIZER_DEFAULT = 0  ///< the only grammar
   };
@@ -22,7 +23,7 @@ class QX_EXPORT QXTokenizer {
   /// The text up to the next separator, blanks included; the separator is passed over.
   /// @return the piece; empty at the end of the text, and between two separators.
   UnicodeString nextSeparatedValue(char16_t separator);
-  UnicodeString nextSeparatedValue(wchar_t separator);
+  UnicodeString nextSeparatedValue(wchar_t separator);  ///< The same.
 
   /// The next token as a value; blanks before it are passed over.
   ///

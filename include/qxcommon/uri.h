@@ -44,7 +44,7 @@ class QX_EXPORT QXUri {
 
   /// The empty URI; its text is empty.
   QXUri();
-  QXUri(const UnicodeString& text, URISTRTYPE type);
+  QXUri(const UnicodeString& text, URISTRTYPE type);  ///< Any text makes a URI.
   /// Resolves `relative` against `base`: what stands behind the last separator of `base` is
   /// dropped first, so a file as base means its folder, and a folder as base must end in a
   /// separator. An absolute `relative` (separator first, drive, or scheme) wins.
@@ -62,7 +62,7 @@ class QX_EXPORT QXUri {
   bool isFileExists() const;
   /// Whether this is a `data:` URI (RFC 2397).
   bool isDataScheme() const;
-  bool isEmpty() const { return uriText.isEmpty(); }
+  bool isEmpty() const { return uriText.isEmpty(); }  ///< Whether the text is empty.
 
   /// The local path. For a URI that is not local: its text if `uriTextWhenNotLocal`, else empty.
   UnicodeString getLocalPath(bool uriTextWhenNotLocal) const;
@@ -83,7 +83,7 @@ class QX_EXPORT QXUri {
   /// Gives the URI a closing separator where it has none, and gives its text. The empty URI stays
   /// empty, since a separator would make it the root.
   const UnicodeString& toDirectory();
-  const UnicodeString& getText() const { return uriText; }
+  const UnicodeString& getText() const { return uriText; }  ///< The canonical full text.
 
   /// Opens the resource for reading: a local regular file of less than 4 GiB, or a `data:` URI in
   /// base64 or percent form. The stream can seek; the caller deletes it. Null for a folder, a

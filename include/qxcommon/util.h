@@ -27,6 +27,7 @@ class QX_EXPORT QXUtil {
   /// @return the number; 0 when there is none. Numbers beyond a `double` are clamped.
   static double parseNumber(const wchar_t* text, const wchar_t** end, bool* reserved1,
                             bool* reserved2);
+  /// The same for UTF-16.
   static double parseNumber(const char16_t* text, const char16_t** end, bool* reserved1,
                             bool* reserved2);
 

@@ -32,10 +32,13 @@ class QX_EXPORT QXValue {
 
   /// The null value.
   constexpr QXValue() noexcept : tag_(TAG_NULL), content_(0) {}
+  ///@{
+  /// A number or a name.
   constexpr QXValue(int value) noexcept : tag_(TAG_INTEGER), content_(value) {}
   constexpr QXValue(double value) noexcept : tag_(TAG_REAL), content_(value) {}
   constexpr QXValue(float value) noexcept : QXValue(static_cast<double>(value)) {}
   constexpr QXValue(QXNameEnum name) noexcept : tag_(TAG_NAME), content_(name) {}
+  ///@}
   /// A text. It is not parsed, whatever stands in it; that is what `QXParser` is for.
   QXValue(const UnicodeString& text, QXUnitType unit);
 
@@ -55,11 +58,11 @@ class QX_EXPORT QXValue {
     return *this;
   }
 
-  [[nodiscard]] Tag getTag() const { return tag_; }
-  [[nodiscard]] bool isNull() const { return tag_ == TAG_NULL; }
-  [[nodiscard]] bool isInteger() const { return tag_ == TAG_INTEGER; }
-  [[nodiscard]] bool isReal() const { return tag_ == TAG_REAL; }
-  [[nodiscard]] bool isName() const { return tag_ == TAG_NAME; }
+  [[nodiscard]] Tag getTag() const { return tag_; }                     ///< What it holds.
+  [[nodiscard]] bool isNull() const { return tag_ == TAG_NULL; }        ///< Nothing.
+  [[nodiscard]] bool isInteger() const { return tag_ == TAG_INTEGER; }  ///< Not a real.
+  [[nodiscard]] bool isReal() const { return tag_ == TAG_REAL; }        ///< Not an integer.
+  [[nodiscard]] bool isName() const { return tag_ == TAG_NAME; }        ///< A bare word.
 
   /// The number as an integer. A real is cut toward zero and clamped to 32 bits; what is no number
   /// gives 0.
@@ -85,12 +88,14 @@ class QX_EXPORT QXValue {
   /// it held and becomes one too.
   void setNamedItem(QXName name, const QXValue& value);
 
+  ///@{
   /// Sum and difference. Two integers give an integer, which wraps at 32 bits; otherwise the
   /// result is a real. What is no number counts as the integer 0.
   QXValue operator+(const QXValue& other) const;
   QXValue operator-(const QXValue& other) const;
   QXValue operator-() const;
   QXValue& operator+=(const QXValue& other);
+  ///@}
 
   /// Compares as numbers; what is no number counts as 0.
   bool operator<(const QXValue& other) const;

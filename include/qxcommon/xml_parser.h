@@ -16,10 +16,10 @@ namespace QXCommonNS {
 /// opened. A parser serves one thread.
 class QX_EXPORT QXXmlParser : public QXRCObject {
  public:
-  static constexpr int kStartOfDocument = 0;
-  static constexpr int kEndOfDocument = 1;
-  static constexpr int kStartTag = 2;
-  static constexpr int kEndTag = 3;
+  static constexpr int kStartOfDocument = 0;  ///< before the first event
+  static constexpr int kEndOfDocument = 1;    ///< the end, from then on
+  static constexpr int kStartTag = 2;         ///< of an element; an empty one has both tags
+  static constexpr int kEndTag = 3;           ///< as it is written
 
   /// Sets `*out` to the name of the current tag, `QXNAME_EMPTY` outside of one; gives `out`.
   virtual QXNameEnum* getName(QXNameEnum* out) = 0;

@@ -17,6 +17,7 @@ class QX_EXPORT FS_EnumLogFontEx : public FS_LogFont {
   FS_EnumLogFontEx(const ENUMLOGFONTEXW& record);
 #endif
 
+  /// The full name of the face; empty where the font has none.
   const UnicodeString& getFullName() const {
     return fullName_;
   }
@@ -33,6 +34,8 @@ class QX_EXPORT FS_EnumLogFontEx : public FS_LogFont {
     return fontFlags_;
   }
 
+  ///@{
+  /// Sets what the function of the same name tells.
   void setFullName(const UnicodeString& name) {
     fullName_ = name;
   }
@@ -45,6 +48,7 @@ class QX_EXPORT FS_EnumLogFontEx : public FS_LogFont {
   void setFontFlags(int flags) {
     fontFlags_ = flags;
   }
+  ///@}
 
  private:
   UnicodeString fullName_;

@@ -28,9 +28,13 @@ class QX_EXPORT FS_ExtraFontManager {
 
   /// The set to pass to `FS_FontInfo`; owned by the manager.
   FS_ExtraFonts* getExtraFonts() const;
+  /// How many fonts were added; their numbers are 0 to one less.
   int getFontsCount() const;
 
   /// Adds a font under a family name, or a further family name to a font added before.
+  ///
+  /// A web font is found by the names it was added under, at once. A font of any other kind is
+  /// found by no name until a further one is added: then by these and by its own.
   ///
   /// @param uri the font's location, `data:` included; a URI known already keeps its first style.
   /// @param type the file's kind; 0 lets content type, extension and first bytes tell.

@@ -80,6 +80,7 @@ class QX_EXPORT FS_FontInfo {
   bool createFont(const QXUri& uri);
   /// Releases a font opened by URI and empties the handle; not for fonts found by name.
   void deleteFont();
+  /// Whether the handle names a font.
   bool isCreatedFont() const { return font_ != nullptr; }
   /// The font object, or null; it stays the service's.
   FS_BaseFont* getFont() const { return font_; }
@@ -151,8 +152,16 @@ class QX_EXPORT FS_FontInfo {
   /// The configured factor on the font's size; 1 without one.
   float getFontSizeAdjust() const;
 
-  // --- Names, in a language given by its Windows id; 0 asks for the default names ---
+  // --- Names ---
 
+  ///@{
+  /// A name of the face in a language (OpenType `name`); `ext::nameLanguages` tells which there
+  /// are.
+  ///
+  /// @param lang a Windows language id; 0 asks for the name in the language of the process, as
+  ///   it was when the font was read (`QXLang::getDefaultLocale`), else for the English one, else
+  ///   for any.
+  /// @return empty for a name that the font has not in that language, and for an empty handle.
   UnicodeString getFamilyName(QXLang::LanguageID lang) const;
   UnicodeString getSubFamilyName(QXLang::LanguageID lang) const;
   UnicodeString getFullFontName(QXLang::LanguageID lang) const;
@@ -163,8 +172,10 @@ class QX_EXPORT FS_FontInfo {
   UnicodeString getCopyright(QXLang::LanguageID lang) const;
   UnicodeString getManufacturer(QXLang::LanguageID lang) const;
   UnicodeString getLicenseDescription(QXLang::LanguageID lang) const;
+  ///@}
 
-  // The same of a font object and a face index; a null font gives an empty text.
+  ///@{
+  /// The same of a font object and the index of a face; a null font gives an empty text.
   static UnicodeString getFamilyName(const FS_BaseFont* font, int entry, QXLang::LanguageID lang);
   static UnicodeString getSubFamilyName(const FS_BaseFont* font, int entry,
                                         QXLang::LanguageID lang);
@@ -181,6 +192,7 @@ class QX_EXPORT FS_FontInfo {
   static UnicodeString getManufacturer(const FS_BaseFont* font, int entry, QXLang::LanguageID lang);
   static UnicodeString getLicenseDescription(const FS_BaseFont* font, int entry,
                                              QXLang::LanguageID lang);
+  ///@}
 
   /// The family a document declared for its font, else the default-language family of face 0.
   UnicodeString getFamilyNameEx() const;
@@ -192,18 +204,22 @@ class QX_EXPORT FS_FontInfo {
   bool getOutlineTextMetrics(FS_NewTextMetricEx& out, int size) const;
   /// No bits where the font states none.
   FS_CodePageRange getCodePageRangeBitFields() const;
-  // These four as a part of the em; 0 where the font does not tell.
+  ///@{
+  /// A height above the baseline as a part of the em; 0 where the font does not tell.
   float getCapHeight() const;
   float getXHeight() const;
   float getTypoAscender() const;
-  /// The ascender once more for a single sfnt font; the descender for collections. Hosts have
-  /// come to rely on it: take the descender from `getOutlineTextMetrics`.
+  ///@}
+  /// As a part of the em: the ascender once more for a single sfnt font; the descender for
+  /// collections. Hosts have come to rely on it: take the descender from `getOutlineTextMetrics`.
   float getTypoDescender() const;
   /// Fills and returns `out`; null, with `out` untouched, when the font has no PANOSE numbers.
   PANOSE* getPanose(PANOSE& out) const;
-  /// High and low byte of OpenType `OS/2`, sFamilyClass.
+  ///@{
+  /// High and low byte of OpenType `OS/2`, sFamilyClass; 0 where the font has none.
   unsigned char getFamilyClass() const;
   unsigned char getFamilySubclass() const;
+  ///@}
   /// Font units to the em.
   int getUnitsPerEm() const;
   /// The advance that most glyphs of an sfnt font have; 0 for other kinds.
@@ -229,17 +245,21 @@ class QX_EXPORT FS_FontInfo {
   /// positive one gives font units too, which hosts rely on.
   float getPairKerningValue(unsigned short left, unsigned short right, int size,
                             bool vertical) const;
-  // What the font says of its design (OpenType `OS/2`, or its metric file).
+  ///@{
+  /// What the font says of its design (OpenType `OS/2`, or its metric file).
   bool isSymbolicFont() const;
   bool isFixedWidthFont() const;
   bool isSerifLikeFont() const;
   bool isScriptLikeFont() const;
+  ///@}
 
   // --- Glyphs ---
 
   /// The glyph of a character, in its vertical form if asked; FS_NO_GLYPH for none.
   unsigned short getGlyphID(int codePoint, bool vertical) const;
-  /// The glyphs of a text, one for each character; FS_NO_GLYPH where the font has none.
+  /// The glyphs of a text, one for each character; FS_NO_GLYPH where the font has none. The first
+  /// character without one has the glyph of the font's default character instead, if it names one
+  /// (OpenType `OS/2`, usDefaultChar); end-user-defined ones ahead of it have 0.
   /// @param out room for `text.length()` ids.
   /// @param count told the number written.
   /// @param firstMissing told the UTF-16 index of the first character without a glyph, -1 for none;
@@ -281,20 +301,29 @@ class QX_EXPORT FS_FontInfo {
   FS_GSUBGPOSInfo* getGSUBGPOSInfo(unsigned int scriptTag, unsigned int languageTag) const;
   /// `info` may be null.
   static void deleteGSUBGPOSInfo(FS_GSUBGPOSInfo* info);
-  /// Whether there is substitution for the script and language; false for null.
+  ///@{
+  /// Whether there is substitution (positioning) for the script and language; false for null.
   static bool hasGSUBInfo(const FS_GSUBGPOSInfo* info);
   static bool hasGPOSInfo(const FS_GSUBGPOSInfo* info);
+  ///@}
   /// Always false: extended glyph metamorphosis is not applied.
   static bool hasMorxInfo(const FS_GSUBGPOSInfo* info);
+  ///@{
   /// Whether the script's default language system was taken; `info` must not be null.
   static bool isGSUBDefaultLangSys(const FS_GSUBGPOSInfo* info);
   static bool isGPOSDefaultLangSys(const FS_GSUBGPOSInfo* info);
-  /// `info` must not be null.
+  ///@}
+  ///@{
+  /// Whether the script and language have a feature of that tag; `info` must not be null.
   static bool hasGSUBFeature(const FS_GSUBGPOSInfo* info, unsigned int tag);
   static bool hasGPOSFeature(const FS_GSUBGPOSInfo* info, unsigned int tag);
-  /// Tag of feature `i`; 0 from the end on.
+  ///@}
+  ///@{
+  /// Tag of the feature that lookup `i` belongs to, in the order in which lookups apply; 0 from the
+  /// end on. `info` must not be null.
   static unsigned int getGSUBFeatureTag(const FS_GSUBGPOSInfo* info, int i);
   static unsigned int getGPOSFeatureTag(const FS_GSUBGPOSInfo* info, int i);
+  ///@}
   /// Applies the first lookup of a feature that fits at one position; `info` must not be null.
   /// @param position index in `input`; moved behind what was replaced.
   /// @param output receives the replacement, behind it the rest of a contextual match.
@@ -333,8 +362,9 @@ class QX_EXPORT FS_FontInfo {
   FS_EMBEDSTATUS getEmbedStatus() const;
   /// How many characters the font can show, by its largest character map.
   unsigned int getEmbedableCharCount() const;
-  /// Whether there are outlines to write. What the licence allows is another question, which no
-  /// member below asks: see `getEmbedStatus`.
+  /// Whether an sfnt font has outlines to write; false for Type 1 fonts, whose `getEmbedStatus`
+  /// tells whether there is a font program. What the licence allows is another question, which no
+  /// member below asks.
   bool canEmbedFont() const;
   /// An sfnt subset of the tables in a zero-ended list of tags; null takes all tables.
   bool getEmbedFont(const std::vector<unsigned short>& gids, QXMemStream& out,
@@ -371,6 +401,7 @@ class QX_EXPORT FS_FontInfo {
   /// Row `index` of a page; on false the outputs stay.
   bool getType1CMapPair(unsigned char page, int index, unsigned char& code,
                         std::string& name) const;
+  /// Glyph name of a code of a page; on false `name` stays.
   bool getType1GlyphName(unsigned char page, unsigned char code, std::string& name) const;
   /// A subset of an OpenType font as a Type 1 font program.
   bool getType1EmbedFont(const std::vector<unsigned short>& gids, QXMemStream& out) const;

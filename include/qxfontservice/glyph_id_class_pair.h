@@ -15,6 +15,7 @@ class QX_EXPORT GlyphIDClassPair {
 
   /// No glyph (0xFFFF) of no class (-1).
   GlyphIDClassPair() : glyphID(0xFFFF), glyphClass(GCD_NONE) {}
+  /// That glyph, with a class that nobody compares with the font's.
   GlyphIDClassPair(unsigned short glyph, GlyphClassDef cls) : glyphID(glyph), glyphClass(cls) {}
   GlyphIDClassPair(const GlyphIDClassPair&) = default;
   GlyphIDClassPair& operator=(const GlyphIDClassPair&) = default;

@@ -34,74 +34,100 @@ class QX_EXPORT GlyphIDPosition {
   GlyphIDPosition& operator=(const GlyphIDPosition&) = default;
   ~GlyphIDPosition() = default;
 
+  ///@{
   /// How many characters of the text the glyph stands for; layout never touches it.
   int getCorrespondLength() const { return correspondLength_; }
   void setCorrespondLength(int length) { correspondLength_ = cut(length); }
   void addCorrespondLength(int length) { correspondLength_ = cut(correspondLength_, length); }
   void incLength() { addCorrespondLength(1); }
   void clrLen() { correspondLength_ = 0; }
+  ///@}
 
+  ///@{
   /// The glyph's own advance. Setting it leaves `moveX2` alone.
   int getWidth() const { return width_; }
   void setWidth(int width) { width_ = cut(width); }
   void clrWidth() { width_ = 0; }
+  ///@}
 
+  ///@{
   /// Displacement of the glyph's origin in x. Adding to it does not compensate `moveX2`.
   int getMoveX1() const { return moveX1_; }
   void setMoveX1(int move) { moveX1_ = cut(move); }
   void addMoveX1(int move) { moveX1_ = cut(moveX1_, move); }
+  ///@}
+  ///@{
   /// The advance that remains after `moveX1`.
   int getMoveX2() const { return moveX2_; }
   void setMoveX2(int move) { moveX2_ = cut(move); }
   void addMoveX2(int move) { moveX2_ = cut(moveX2_, move); }
+  ///@}
   /// How far the pen moves in all: `moveX1` + `moveX2`, not cut to 16 bits.
   int getMoveX() const { return moveX1_ + moveX2_; }
+  ///@{
   /// Displacement in y, downward.
   int getMoveY() const { return moveY_; }
   void setMoveY(int move) { moveY_ = cut(move); }
+  ///@}
 
-  // The same fields for vertical text. There are no separate ones, and hosts rely on the sameness:
-  // the argument is taken and has no effect.
+  ///@{
+  /// The same fields for vertical text. There are no separate ones, and hosts rely on the sameness:
+  /// the argument is taken and has no effect.
   int getMoveX1V(bool) const { return getMoveX1(); }
   int getMoveX2V(bool) const { return getMoveX2(); }
   int getMoveXV(bool) const { return getMoveX(); }
   int getMoveY1V(bool) const { return getMoveY(); }
   int getWidthV(bool) const { return getWidth(); }
+  ///@}
 
   /// Zeroes `moveX1`, `moveX2`, `moveY`, and `width` with them.
   void setZeroMove();
 
+  /// All bits.
   int getFlag() const { return flag_; }
   /// Sets the given bits, and leaves the others.
   void setFlag(int bits) { flag_ = static_cast<unsigned short>(flag_ | bits); }
   /// Clears the given bits, and leaves the others.
   void clrFlag(int bits) { flag_ = static_cast<unsigned short>(flag_ & ~bits); }
 
+  ///@{
+  /// The glyph, 0xFFFF for none, and its class; setting the one leaves the other.
   unsigned short getGlyphID() const { return glyph_.glyphID; }
   void setGlyphID(unsigned short glyph) { glyph_.glyphID = glyph; }
   void setGlyphID(unsigned short glyph, GlyphClassDef cls) { glyph_ = {glyph, cls}; }
   GlyphClassDef getGlyphClassDef() const { return glyph_.glyphClass; }
   void setGlyphClassDef(GlyphClassDef cls) { glyph_.glyphClass = cls; }
+  ///@}
+  ///@{
   /// Glyph and class; the reference is to this record's own pair and lives as long as it.
   const GlyphIDClassPair& getGlyphIDClassPair() const { return glyph_; }
   void setGlyphIDClassPair(const GlyphIDClassPair& pair) { glyph_ = pair; }
+  ///@}
   /// Whether there is a glyph, that is, an id other than 0xFFFF.
   bool hasGlyph() const { return glyph_.hasGlyph(); }
   /// The same as `hasGlyph`.
   bool hasGlyphInfo() const { return glyph_.hasGlyph(); }
 
+  ///@{
   /// The decomposition type of the character (Unicode).
   UDecompositionType getDecompositionType() const { return decompositionType_; }
   void setDecompositionType(UDecompositionType type) { decompositionType_ = type; }
+  ///@}
+  ///@{
   /// The joining group of the character (Unicode).
   UJoiningGroup getJoiningGroup() const { return joiningGroup_; }
   void setJoiningGroup(UJoiningGroup group) { joiningGroup_ = group; }
+  ///@}
+  ///@{
   /// On a mark: the ligature component, from 1, or the run to which it belongs.
   int getSkipInfo() const { return skipInfo_; }
   void setSkipInfo(int info) { skipInfo_ = cut(info); }
+  ///@}
+  ///@{
   /// Not 0 on a component that mark-to-base passes over.
   int getCompInfo() const { return compInfo_; }
   void setCompInfo(int info) { compInfo_ = cut(info); }
+  ///@}
 
   /// Places a glyph that stands for one character, unmoved and without flags.
   ///

@@ -23,13 +23,17 @@ class QX_EXPORT FS_LogFont {
   int getWeight() const {
     return weight_;
   }
+  /// Whether the face is slanted, italic or oblique.
   bool isItalic() const {
     return italic_;
   }
+  /// The family name; lives as long as this record.
   const UnicodeString& getFaceName() const {
     return faceName_;
   }
 
+  ///@{
+  /// Sets what the function of the same name tells; nothing is tested.
   void setWeight(int weight) {
     weight_ = weight;
   }
@@ -39,6 +43,7 @@ class QX_EXPORT FS_LogFont {
   void setFaceName(const UnicodeString& name) {
     faceName_ = name;
   }
+  ///@}
 
   /// Order by face name in code units (case counts), then weight, then upright before italic.
   bool operator<(const FS_LogFont& other) const {

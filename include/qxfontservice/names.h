@@ -3,8 +3,8 @@
 #include <unicode/locid.h>
 #include <unicode/unistr.h>
 
-/// Names of the common layer that the service's interface uses without their namespace.
-/// Declarations only: a header that needs a complete type includes that type's own header.
+// Names of the common layer that the service's interface uses without their namespace.
+// Declarations only: a header that needs a complete type includes that type's own header.
 
 namespace QXCommonNS {
 class QXError;

@@ -30,6 +30,7 @@ class QX_EXPORT FS_NewTextMetricEx {
   float getDescent() const {
     return descent_;
   }
+  /// Height of capitals above the baseline.
   float getCapHeight() const {
     return capHeight_;
   }
@@ -41,32 +42,39 @@ class QX_EXPORT FS_NewTextMetricEx {
   float getInternalLeadingD() const {
     return internalLeadingD_;
   }
+  /// Height of a line of text above the baseline (sTypoAscender).
   float getTypoAscender() const {
     return typoAscender_;
   }
-  /// Zero or negative.
+  /// Depth below the baseline (sTypoDescender): zero or negative.
   float getTypoDescender() const {
     return typoDescender_;
   }
+  /// Room between lines (sTypoLineGap).
   float getTypoLineGap() const {
     return typoLineGap_;
   }
+  /// Width of a column of vertical text right of its centre line (`vhea`, vertTypoAscender).
   float getVertTypoAscender() const {
     return vertTypoAscender_;
   }
-  /// Zero or negative.
+  /// Left of the centre line: zero or negative.
   float getVertTypoDescender() const {
     return vertTypoDescender_;
   }
+  /// Room between columns.
   float getVertTypoLineGap() const {
     return vertTypoLineGap_;
   }
+  /// Leading that the font wants between lines, beside ascent and descent.
   float getExternalLeading() const {
     return externalLeading_;
   }
+  /// The average advance (xAvgCharWidth).
   float getAveCharWidth() const {
     return aveCharWidth_;
   }
+  /// The largest advance.
   float getMaxCharWidth() const {
     return maxCharWidth_;
   }
@@ -78,6 +86,7 @@ class QX_EXPORT FS_NewTextMetricEx {
   unsigned int getPitchAndFamily() const {
     return pitchAndFamily_;
   }
+  /// Whether the font has a character map for symbols.
   bool isSymbol() const {
     return symbol_;
   }
@@ -85,6 +94,7 @@ class QX_EXPORT FS_NewTextMetricEx {
   unsigned int getUnicodeSubsetBits(int word) const {
     return word >= 0 && word < 4 ? unicodeSubset_[word] : 0;
   }
+  ///@{
   /// OpenType `OS/2`, ulCodePageRange1 and 2.
   unsigned int getCodePageBits0() const {
     return codePages_[0];
@@ -92,6 +102,9 @@ class QX_EXPORT FS_NewTextMetricEx {
   unsigned int getCodePageBits1() const {
     return codePages_[1];
   }
+  ///@}
+  ///@{
+  /// A side of the box around all glyphs (OpenType `head`).
   float getBBoxLeft() const {
     return box_[0];
   }
@@ -104,11 +117,14 @@ class QX_EXPORT FS_NewTextMetricEx {
   float getBBoxTop() const {
     return box_[3];
   }
+  ///@}
   /// What the configuration says of the font's file, or null; valid as long as the service.
   const FS_FontFileOptions* getFileOptions() const {
     return options_;
   }
 
+  ///@{
+  /// Sets what the function of the same name tells.
   void setAscent(float value) {
     ascent_ = value;
   }
@@ -167,6 +183,7 @@ class QX_EXPORT FS_NewTextMetricEx {
     unicodeSubset_[2] = word2;
     unicodeSubset_[3] = word3;
   }
+  ///@}
   /// Adds bits to the first code page word; it never clears one.
   void setCodePageBits0(unsigned int bits) {
     codePages_[0] |= bits;
@@ -176,6 +193,8 @@ class QX_EXPORT FS_NewTextMetricEx {
     codePages_[0] = word0;
     codePages_[1] = word1;
   }
+  ///@{
+  /// Sets what the functions of that name tell.
   void setBBox(float left, float bottom, float right, float top) {
     box_[0] = left;
     box_[1] = bottom;
@@ -185,16 +204,21 @@ class QX_EXPORT FS_NewTextMetricEx {
   void setFileOptions(const FS_FontFileOptions* options) {
     options_ = options;
   }
+  ///@}
 
+  /// Whether the record was filled: there is an ascent.
   bool hasValue() const {
     return ascent_ != 0;
   }
+  /// Whether the font has typographic metrics.
   bool hasTypoInfo() const {
     return typoAscender_ != 0;
   }
+  /// Whether the font has metrics for vertical text.
   bool hasVertTypoInfo() const {
     return vertTypoAscender_ != 0;
   }
+  /// Whether the angle of the italic is not 0.
   bool isItalic() const {
     return italicAngle_ != 0;
   }
@@ -202,9 +226,11 @@ class QX_EXPORT FS_NewTextMetricEx {
   bool isFixedPitch() const {
     return (pitchAndFamily_ & 0x01) == 0;
   }
+  /// Whether the font has serifs.
   bool isSerifLike() const {
     return (pitchAndFamily_ & 0x70) == 0x10;
   }
+  /// Whether the font looks like handwriting.
   bool isScriptLike() const {
     return (pitchAndFamily_ & 0x70) == 0x40;
   }
@@ -221,7 +247,8 @@ class QX_EXPORT FS_NewTextMetricEx {
   /// Whether the configured `unicode-range` of the font's file holds the code point; true without.
   bool isInUnicodeRange(int codePoint) const;
 
-  // Scripts: true when a Unicode subset bit or the code page of the script is set.
+  ///@{
+  /// Whether a Unicode subset bit or the code page of the script is set.
   bool isLatin1() const;
   bool isGreek() const;
   bool isCyrillic() const;
@@ -248,18 +275,25 @@ class QX_EXPORT FS_NewTextMetricEx {
   bool isEthiopic() const;
   bool isKhmer() const;
   bool isKorean() const;
-  /// The argument of these two is not used.
+  ///@}
+  ///@{
+  /// As those above; the argument is not used.
   bool isHiragana(bool any) const;
   bool isKatakana(bool any) const;
-  // East Asian scripts: `any` false asks for the code page as well as a subset bit.
+  ///@}
+  ///@{
+  /// As those above, but `any` false asks for the code page as well as a subset bit.
   bool isChineseSimp(bool any) const;
   bool isChineseTrad(bool any) const;
   bool isJapanese(bool any) const;
-  // Fonts made for one East Asian code page: no other bit in the first code page word.
+  ///@}
+  ///@{
+  /// Whether the font is made for one East Asian code page: no other bit in the first word.
   bool isJapaneseEncoding() const;
   bool isChineseSimpEncoding() const;
   bool isChineseTradEncoding() const;
   bool isKoreanEncoding() const;
+  ///@}
 
  private:
   float ascent_ = 0;

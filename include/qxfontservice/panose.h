@@ -8,16 +8,16 @@ namespace QXFontService_NS {
 
 /// The ten PANOSE numbers of a font, in the order of OpenType `OS/2`, panose.
 struct PANOSE {
-  unsigned char bFamilyType;
-  unsigned char bSerifStyle;
-  unsigned char bWeight;
-  unsigned char bProportion;
-  unsigned char bContrast;
-  unsigned char bStrokeVariation;
-  unsigned char bArmStyle;
-  unsigned char bLetterform;
-  unsigned char bMidline;
-  unsigned char bXHeight;
+  unsigned char bFamilyType;       ///< what the other numbers mean: 2 for Latin text
+  unsigned char bSerifStyle;       ///< of Latin text, as the rest
+  unsigned char bWeight;           ///< from 2, very light, to 11
+  unsigned char bProportion;       ///< 9: of one width
+  unsigned char bContrast;         ///< of thick and thin strokes
+  unsigned char bStrokeVariation;  ///< how one passes into the other
+  unsigned char bArmStyle;         ///< how arms end
+  unsigned char bLetterform;       ///< round or flattened, upright or oblique
+  unsigned char bMidline;          ///< where the bars of capitals stand
+  unsigned char bXHeight;          ///< of small letters, and what accents do to capitals
 };
 
 }  // namespace QXFontService_NS

@@ -72,7 +72,7 @@ class DevTest(unittest.TestCase):
 class SetupTest(DevTest):
     def test_nothing_missing_asks_no_package_manager(self):
         self.have(*self.packages("all"))
-        for group in ("demo", "test", "browser", "bench", "package", "all"):
+        for group in ("demo", "test", "browser", "bench", "package", "docs", "all"):
             self.assertEqual(self.dev("setup", group).returncode, 0)
         self.assertEqual(self.calls(), [])
 
@@ -152,7 +152,7 @@ class SetupTest(DevTest):
 
     def test_all_holds_every_group(self):
         everything = set(self.packages("all"))
-        for group in ("test", "browser", "bench", "package"):
+        for group in ("test", "browser", "bench", "package", "docs"):
             self.assertLessEqual(set(self.packages(group)), everything)
 
     def test_the_fonts_of_the_bench_are_fetched_when_they_are_not_there(self):
@@ -180,7 +180,7 @@ class SetupTest(DevTest):
     def test_each_package_has_its_reason(self):
         with open(os.path.join(ROOT, "dev"), encoding="utf-8") as file:
             lists = re.findall(r"<<'LIST'\n(.*?)\nLIST", file.read(), re.DOTALL)
-        self.assertEqual(len(lists), 5)
+        self.assertEqual(len(lists), 6)
         for line in "\n".join(lists).split("\n"):
             self.assertRegex(line, r"^[a-z0-9+.-]+ {2,}\S.*")
 
@@ -327,6 +327,31 @@ class CommandTest(DevTest):
         shutil.move(os.path.join(self.root, "bin/made"),
                     os.path.join(self.root, "build/release/tools/qxfont/qxfont"))
         self.assertEqual(self.dev("demo").returncode, 1)
+
+    def stand_in_guide(self, status):
+        os.mkdir(os.path.join(self.root, "tools"))
+        with open(os.path.join(self.root, "tools/check_guide.py"), "w", encoding="utf-8") as file:
+            file.write(f"print('checked')\nraise SystemExit({status})\n")
+
+    def test_docs_says_where_the_reference_is(self):
+        self.stand_in_guide(0)
+        self.stand_in("doxygen", 'echo "doxygen $*"')
+        done = self.dev("docs")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertIn("build/docs/html/index.html", done.stdout)
+        self.assertEqual(done.stderr, "checked\ndoxygen docs/Doxyfile\n")
+
+    def test_docs_fails_on_a_guide_or_a_reference_that_is_not_right(self):
+        self.stand_in_guide(1)
+        self.stand_in("doxygen", "exit 1")
+        done = self.dev("docs")
+        self.assertEqual(done.returncode, 1)
+        self.assertEqual(done.stderr, "checked\ndev: docs: the guide differs from its sources\n")
+        shutil.rmtree(os.path.join(self.root, "tools"))
+        self.stand_in_guide(0)
+        done = self.dev("docs")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("dev: docs: the reference is incomplete\n", done.stderr)
 
 
 if __name__ == "__main__":

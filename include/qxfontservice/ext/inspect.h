@@ -8,9 +8,10 @@
 
 namespace QXFontService_NS::ext {
 
-// Whole tables of a face as the queries of `FS_FontInfo` answer from them. All are empty for an
-// empty handle and, unless they say otherwise, for fonts that have no sfnt around them. Any thread:
-// they ask what was read when the face was found or created.
+/// @file
+/// Whole tables of a face as the queries of `FS_FontInfo` answer from them. All are empty for an
+/// empty handle and, unless they say otherwise, for fonts that have no sfnt around them. Any
+/// thread: they ask what was read when the face was found or created.
 
 /// The languages in which a face has names, for the name queries of `FS_FontInfo`.
 ///
@@ -27,8 +28,8 @@ QX_EXPORT bool hasCffOutlines(const FS_FontInfo& font);
 
 /// A character and its glyph.
 struct CharacterGlyph {
-  int code = 0;  ///< Unicode
-  unsigned short glyph = 0;
+  int code = 0;              ///< Unicode
+  unsigned short glyph = 0;  ///< its id
 };
 
 /// Each code of Unicode for which `getGlyphID` has a horizontal glyph, rising (OpenType `cmap`).
@@ -50,9 +51,9 @@ QX_EXPORT std::vector<CharacterWidth> characterWidths(const FS_FontInfo& font);
 
 /// Two glyphs that move towards or away from each other.
 struct KernPair {
-  unsigned short left = 0;
-  unsigned short right = 0;
-  short value = 0;  ///< font units, as `getPairKerningValue` of size 0 tells it
+  unsigned short left = 0;   ///< glyph id
+  unsigned short right = 0;  ///< glyph id
+  short value = 0;           ///< font units, as `getPairKerningValue` of size 0 tells it
 };
 
 /// Each pair that the font lists, once, by rising left glyph, then right (OpenType `kern`); empty
@@ -66,9 +67,9 @@ QX_EXPORT std::vector<KernPair> kernPairs(const FS_FontInfo& font, bool vertical
 
 /// A character, the variation selector behind it, and what stands for both.
 struct VariationGlyph {
-  int code = 0;
-  int selector = 0;
-  unsigned short glyph = 0;
+  int code = 0;              ///< Unicode
+  int selector = 0;          ///< Unicode
+  unsigned short glyph = 0;  ///< its id
 };
 
 /// Each sequence that the font lists and `variationSequence` answers, once, by rising selector,
@@ -78,8 +79,8 @@ QX_EXPORT std::vector<VariationGlyph> variationSequences(const FS_FontInfo& font
 
 /// A glyph and its class.
 struct ClassedGlyph {
-  unsigned short glyph = 0;
-  GlyphClassDef glyphClass = GCD_NONE;
+  unsigned short glyph = 0;             ///< its id
+  GlyphClassDef glyphClass = GCD_NONE;  ///< as the font's table has it
 };
 
 /// Each glyph to which the font gives a class, rising (OpenType `GDEF`, GlyphClassDef).

@@ -29,30 +29,30 @@ enum class MatchStep {
 
 /// A face of a font file, with the style that it has itself.
 struct MatchFace {
-  QXUri file;
-  int entry = 0;  ///< index of the face in the file
-  FS_FontFileType fileType = FS_FILETYPE_UNKNOWN;
-  UnicodeString family;
-  UnicodeString postScriptName;
-  int weight = 0;  ///< scale of OpenType usWeightClass
-  bool italic = false;
-  int stretch = 0;  ///< scale of OpenType usWidthClass
+  QXUri file;                                      ///< as it was found
+  int entry = 0;                                   ///< index of the face in the file
+  FS_FontFileType fileType = FS_FILETYPE_UNKNOWN;  ///< its kind
+  UnicodeString family;                            ///< in the default language
+  UnicodeString postScriptName;                    ///< in the default language
+  int weight = 0;                                  ///< scale of OpenType usWeightClass
+  bool italic = false;                             ///< or oblique
+  int stretch = 0;                                 ///< scale of OpenType usWidthClass
 };
 
 /// A style of the family that no face has, and the face that answers it.
 struct FilledSlot {
-  int weight = 0;
-  bool italic = false;
-  MatchFace face;
+  int weight = 0;       ///< 100 to 900 by hundreds
+  bool italic = false;  ///< the slant that was missing
+  MatchFace face;       ///< with its own style
 };
 
 /// Why a request is answered as it is.
 struct MatchReport {
-  MatchPool pool = MatchPool::none;
-  MatchTable table = MatchTable::none;
-  MatchStep step = MatchStep::none;
-  UnicodeString key;               ///< the form of the name under which it was found
-  MatchFace face;                  ///< the answer
+  MatchPool pool = MatchPool::none;     ///< whose fonts answered
+  MatchTable table = MatchTable::none;  ///< by which kind of name
+  MatchStep step = MatchStep::none;     ///< by which step of the fallback
+  UnicodeString key;                    ///< the form of the name under which it was found
+  MatchFace face;                       ///< the answer
   std::vector<FilledSlot> filled;  ///< by weight, upright first; empty while nothing was filled
   std::vector<MatchFace> losers;   ///< faces of the same name and style that were found later
 };

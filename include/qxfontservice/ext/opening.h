@@ -34,6 +34,7 @@ struct OpeningProgress {
 /// call of one of those two passes it.
 class OpeningObserver {
  public:
+  /// Told after each step; `progress` lives through the call only.
   virtual void read(const OpeningProgress& progress) = 0;
 
  protected:
@@ -55,12 +56,14 @@ struct OpenedFolder {
 
 /// An error of opening, and the file that it is about.
 struct OpeningError {
-  QXError error;
-  QXUri file;  ///< the font or the configuration; empty where the error is about neither
+  QXError error;  ///< as `FS_GetFontError` tells it
+  QXUri file;     ///< the font or the configuration; empty where the error is about neither
 };
 
-// What is asked below is told as it stands, on any thread, and nothing is opened for it: before the
-// service is open, all answers are empty. After an opening that failed they tell how far it came.
+/// @file
+/// What opening the service did. What is asked here is told as it stands, on any thread, and
+/// nothing is opened for it: before the service is open, all answers are empty. After an opening
+/// that failed they tell how far it came.
 
 /// The configuration file that was read; empty where the service found the system's fonts itself.
 QX_EXPORT QXUri openedConfiguration();

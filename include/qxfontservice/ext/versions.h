@@ -9,7 +9,7 @@ namespace QXFontService_NS::ext {
 
 /// A library that the service runs on.
 struct LibraryVersion {
-  std::string name;
+  std::string name;     ///< such as "FreeType"
   std::string version;  ///< as the library tells it at run time
 };
 
