@@ -198,22 +198,37 @@ class CMakeTest(InstalledTest):
                                       capture_output=True, text=True)
                 self.assertEqual(done.stderr.strip(), f"13.0.0 {answer}")
 
-    def test_without_what_the_static_library_links_there_is_the_shared_one(self):
+    def asker(self):
+        """A project that tells which targets the package gave it."""
         source = os.path.join(self.work, "asker")
-        os.mkdir(source)
+        os.makedirs(source, exist_ok=True)
         with open(os.path.join(source, "CMakeLists.txt"), "w", encoding="utf-8") as file:
             file.write("cmake_minimum_required(VERSION 3.25)\nproject(Asker LANGUAGES CXX)\n"
                        "find_package(QXFontService 13 REQUIRED COMPONENTS ${ASKED})\n"
                        "foreach(name QXFontService static)\n  if(TARGET QXFontService::${name})\n"
                        '    message(STATUS "there is ${name}")\n  endif()\nendforeach()\n')
+        return source
+
+    def test_without_what_the_static_library_links_there_is_the_shared_one(self):
+        source, build = self.asker(), os.path.join(self.work, "static")
         missing = "-DCMAKE_DISABLE_FIND_PACKAGE_Freetype=ON"
-        said = self.configure(source, source + ".build")
-        self.assertIn("there is static", said)
-        said = self.configure(source, source + ".build", missing)
+        self.assertIn("there is static", self.configure(source, build))
+        said = self.configure(source, build, missing)
         self.assertIn("there is QXFontService", said)
         self.assertNotIn("there is static", said)
         with self.assertRaisesRegex(AssertionError, "links Freetype, which is missing"):
-            self.configure(source, source + ".build", missing, "-DASKED=static")
+            self.configure(source, build, missing, "-DASKED=static")
+
+    def test_another_icu_is_refused(self):
+        """Its number is part of the names that a host would look for in vain."""
+        headers = os.path.join(self.work, "icu", "unicode")
+        os.makedirs(headers)
+        for name in ("utypes.h", "uvernum.h", "uversion.h"):
+            with open(os.path.join(headers, name), "w", encoding="utf-8") as file:
+                file.write('#define U_ICU_VERSION "99.1"\n')
+        with self.assertRaisesRegex(AssertionError, r"(?s)built with ICU \d+.*here\s+is ICU 99\.1"):
+            self.configure(self.asker(), os.path.join(self.work, "icu.build"),
+                           f"-DICU_INCLUDE_DIR={os.path.dirname(headers)}")
 
 
 class PkgConfigTest(InstalledTest):
