@@ -1,4 +1,4 @@
-// Sets a text's width in a font that a document brings along.
+// Measures a text in a font that a document brings along.
 //
 //   document_fonts FONT FAMILY TEXT     FONT is a file or a data: URI
 

@@ -53,10 +53,10 @@ static GlyphIDArray2 fresh(const GlyphIDArray2& glyphs) {
 
 static GlyphIDArray2 substitute(const FS_GSUBGPOSInfo* info, GlyphIDArray2 run) {
   constexpr int kFirstAlternate = 1;
-  for (int i = 0; const unsigned int tag = FS_FontInfo::getGSUBFeatureTag(info, i); ++i) {
+  for (int i = 0; FS_FontInfo::getGSUBFeatureTag(info, i) != 0; ++i) {
+    if (!isWanted(FS_FontInfo::getGSUBFeatureTag(info, i))) continue;
     GlyphIDArray2 result;
-    if (isWanted(tag) && FS_FontInfo::processGSUB3(info, i, run, result, kFirstAlternate))
-      run = fresh(result);
+    if (FS_FontInfo::processGSUB3(info, i, run, result, kFirstAlternate)) run = fresh(result);
   }
   return run;
 }
@@ -75,8 +75,9 @@ static std::vector<GlyphIDPosition> place(const FS_FontInfo& font, const FS_GSUB
     glyph.setFlag(kPlacedAbsolutely);
     glyphs.push_back(glyph);
   }
-  for (int i = 0; const unsigned int tag = FS_FontInfo::getGPOSFeatureTag(info, i); ++i)
-    if (isWanted(tag)) FS_FontInfo::processGPOS3(info, i, glyphs, false);
+  for (int i = 0; FS_FontInfo::getGPOSFeatureTag(info, i) != 0; ++i)
+    if (isWanted(FS_FontInfo::getGPOSFeatureTag(info, i)))
+      FS_FontInfo::processGPOS3(info, i, glyphs, false);
   return glyphs;
 }
 // [position end]

@@ -12,7 +12,7 @@ class FS_TTGlyphMap {
   /// The stream that receives the `glyf` record of `gid`.
   ///
   /// Asked once for each glyph that has an outline, in ascending order, on the thread of the call
-  /// that writes the font. The host owns the stream and keeps it alive through that call.
+  /// that writes the font. The host owns it and keeps it alive through that call; null: left out.
   virtual QXMemStream* getGlyphStream(unsigned short gid) = 0;
 };
 
