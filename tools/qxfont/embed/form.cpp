@@ -147,6 +147,13 @@ std::string joined(const std::vector<std::string>& names) {
 
 }  // namespace
 
+std::size_t sizeOf(const FormResult& result) {
+  std::size_t size = result.bytes.size();
+  for (std::size_t i = 1; i < result.pages.size(); ++i) size += result.pages[i].program.size();
+  for (const auto& [gid, bytes] : result.glyphFiles) size += bytes.size();
+  return size;
+}
+
 const std::vector<Form>& forms() {
   static const std::vector<Form> all = {
       {"sfnt", "TrueType for PDF", isTrueType, writeBy<&FS_FontInfo::getEmbedFont>},
