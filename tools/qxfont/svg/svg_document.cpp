@@ -6,6 +6,7 @@
 
 #include "qxfont/cli/status.h"
 #include "qxfont/cli/text.h"
+#include "qxfont/html/css_grey.h"
 #include "qxfont/html/html_text.h"
 #include "qxfont/pdf/pdf_number.h"
 #include "qxfont/svg/glyph_path.h"
@@ -42,6 +43,12 @@ std::string useOf(const PlacedLine& line, const Glyph& glyph, double pen, double
                      glyph.gid, pdfNumber(x), pdfNumber(y), scale, scale);
 }
 
+std::string rectangle(const Rule& rule, double height) {
+  return fmt::format("<rect x=\"{}\" y=\"{}\" width=\"{}\" height=\"{}\" fill=\"{}\"/>\n",
+                     pdfNumber(rule.x), pdfNumber(height - rule.y - rule.height),
+                     pdfNumber(rule.width), pdfNumber(rule.height), cssGrey(rule.grey));
+}
+
 std::string sheet(const PageSize& size) {
   return fmt::format("<rect width=\"{}\" height=\"{}\" fill=\"#fff\"/>\n", pdfNumber(size.width),
                      pdfNumber(size.height));
@@ -76,8 +83,10 @@ SvgFont svgFont(const fs::FS_FontInfo& font, const UsedGlyphs& used, std::size_t
 std::string svgPage(const Page& page, const PageSize& sheet, const std::vector<UsedGlyphs>& used,
                     const std::vector<SvgFont>& fonts) {
   std::string text;
+  for (const Rule& rule : page.rules) text += rectangle(rule, sheet.height);
   for (const PlacedLine& line : page.lines) {
     double pen = 0;
+    if (line.grey != 0) text += fmt::format("<g fill=\"{}\">\n", cssGrey(line.grey));
     for (const Glyph& glyph : line.glyphs) {
       const std::size_t index = indexOf(used, glyph.face);
       const std::vector<unsigned short>& drawn = fonts[index].drawn;
@@ -85,6 +94,7 @@ std::string svgPage(const Page& page, const PageSize& sheet, const std::vector<U
         text += useOf(line, glyph, pen, sheet.height, index, fonts[index].unitsPerEm);
       pen += glyph.advance;
     }
+    if (line.grey != 0) text += "</g>\n";
   }
   return text;
 }

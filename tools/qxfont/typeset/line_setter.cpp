@@ -64,14 +64,16 @@ std::vector<PlacedLine> LineSetter::set(const icu::UnicodeString& text, const Li
   const Bidi bidi(text);
   std::vector<Glyph> glyphs;
   const auto runs = itemize(text, bidi, style.face, fonts_, missing_);
-  for (const Run& run : runs) shaper_.shape(text, run, glyphs);
+  for (const Run& run : runs) shaper_.shape(text, run, style.switches, glyphs);
   const auto advances = advancesOf(glyphs, text.length(), style.size);
   std::vector<PlacedLine> lines;
   for (const LineRange& range : breakLines(text, advances, style.width)) {
     PlacedLine line;
     line.size = style.size;
+    line.grey = style.grey;
+    line.switches = style.switches;
     line.glyphs = glyphsIn(glyphs, range, bidi);
-    line.text = text.tempSubStringBetween(range.begin, range.end);
+    line.text = icu::UnicodeString(text, range.begin, range.end - range.begin);
     line.runs = runsIn(runs, range, bidi);
     line.width = widthOf(line.glyphs, style.size);
     line.rightToLeft = bidi.isRightToLeft();

@@ -5,6 +5,7 @@
 #include <set>
 #include <vector>
 
+#include "qxfont/shape/feature_plan.h"
 #include "qxfont/typeset/font_set.h"
 #include "qxfont/typeset/placed_line.h"
 #include "qxfont/typeset/shaper.h"
@@ -16,6 +17,8 @@ struct LineStyle {
   std::size_t face = 0;
   double size = 0;   ///< points
   double width = 0;  ///< of a full line, in points
+  double grey = 0;   ///< from 0, which is black, to 1
+  std::vector<FeatureSwitch> switches = {};
 };
 
 /// Sets texts as lines that have no place on a page yet.

@@ -14,6 +14,7 @@ namespace qxfont {
 
 struct Page {
   std::vector<PlacedLine> lines;
+  std::vector<Rule> rules = {};  ///< behind the lines
 };
 
 /// Sets paragraphs one below the other on as many pages as they need, at least one.

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "qxfont/shape/feature_plan.h"
 #include "qxfont/typeset/bidi.h"
 #include "qxfont/typeset/shaper.h"
 
@@ -28,6 +29,17 @@ struct PlacedLine {
   std::vector<LineRun> runs = {};
   double width = 0;          ///< points
   bool rightToLeft = false;  ///< the paragraph
+  double grey = 0;           ///< from 0, which is black, to 1
+  std::vector<FeatureSwitch> switches = {};
+};
+
+/// A filled rectangle: points from the lower left corner of the sheet.
+struct Rule {
+  double x = 0;
+  double y = 0;
+  double width = 0;
+  double height = 0;
+  double grey = 0;  ///< from 0, which is black, to 1
 };
 
 }  // namespace qxfont
