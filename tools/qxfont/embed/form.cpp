@@ -28,6 +28,7 @@ using Gids = std::vector<unsigned short>;
 using QXFontService_NS::ext::NumberedForm;
 
 constexpr std::size_t kBlock = 8192;
+constexpr std::size_t kGlyphBlock = 512;  // most outlines are short, and there may be thousands
 constexpr NumberedForm kKeepsIds = NumberedForm::subsetFont;
 
 std::string bytesOf(QXMemStream& stream) {
@@ -82,7 +83,7 @@ class GlyphStreams final : public FS_TTGlyphMap {
  public:
   QXMemStream* getGlyphStream(unsigned short gid) override {
     auto& stream = streams_[gid];
-    if (!stream) stream = std::make_unique<QXMemStream>(nullptr, kBlock, false, true);
+    if (!stream) stream = std::make_unique<QXMemStream>(nullptr, kGlyphBlock, false, true);
     return stream.get();
   }
 
