@@ -1,8 +1,12 @@
 #include "qxfont/svg/svg_document.h"
 
 #include <fmt/format.h>
+#include <unicode/uchar.h>
 
 #include <algorithm>
+#include <map>
+
+#include "qxfontservice/ext/numbering.h"
 
 #include "qxfont/cli/status.h"
 #include "qxfont/cli/text.h"
@@ -16,6 +20,8 @@ namespace {
 
 namespace fs = QXFontService_NS;
 
+using GlyphsByCode = std::map<unsigned short, unsigned short>;
+
 constexpr double kPageGap = 12;  // points
 
 ToolError notDrawn(const fs::FS_FontInfo& font, unsigned short gid) {
@@ -28,10 +34,31 @@ std::string scaleNumber(double value) {
   return fmt::format("{:.6g}", value);
 }
 
-std::size_t indexOf(const std::vector<UsedGlyphs>& used, std::size_t face) {
-  std::size_t index = 0;
-  while (index < used.size() && used[index].face != face) ++index;
-  return index;
+/// The characters for which pages ask a Type 1 font, and their mirrors, which stand for them in
+/// text from right to left.
+std::vector<int> charactersOf(const UsedGlyphs& used) {
+  std::vector<int> characters;
+  for (const auto& [code, text] : used.texts) {
+    if (text.isEmpty()) continue;
+    characters.push_back(text.char32At(0));
+    characters.push_back(u_charMirror(text.char32At(0)));
+  }
+  return characters;
+}
+
+/// The glyphs of the font program that pages use: pages know those of a Type 1 font by codes.
+GlyphsByCode programGlyphs(const fs::FS_FontInfo& font, const UsedGlyphs& used) {
+  GlyphsByCode glyphs;
+  if (used.codePage == UsedGlyphs::kNoCodePage) {
+    for (const unsigned short gid : used.gids()) glyphs.emplace(gid, gid);
+    return glyphs;
+  }
+  if (used.texts.count(0) != 0) glyphs.emplace(0, 0);
+  for (const auto& row : fs::ext::numberCharacters(font, charactersOf(used))) {
+    if (row.glyph != fs::FS_NO_GLYPH && used.texts.count(row.code) != 0)
+      glyphs.emplace(row.code, row.glyph);
+  }
+  return glyphs;
 }
 
 std::string useOf(const PlacedLine& line, const Glyph& glyph, double pen, double height,
@@ -70,8 +97,8 @@ SvgFont svgFont(const fs::FS_FontInfo& font, const UsedGlyphs& used, std::size_t
   SvgFont out;
   out.unitsPerEm = std::max(1, font.getUnitsPerEm());
   fs::FS_GlyphDrawInfo glyph;
-  for (const unsigned short gid : used.gids()) {
-    if (!font.getGlyphDrawInfo(gid, glyph, false)) throw notDrawn(font, gid);
+  for (const auto& [gid, drawn] : programGlyphs(font, used)) {
+    if (!font.getGlyphDrawInfo(drawn, glyph, false)) throw notDrawn(font, drawn);
     if (glyph.contours.empty()) continue;
     out.drawn.push_back(gid);
     out.definitions += fmt::format("<path id=\"f{}g{}\" fill-rule=\"{}\" d=\"{}\"/>\n", index, gid,
@@ -88,7 +115,7 @@ std::string svgPage(const Page& page, const PageSize& sheet, const std::vector<U
     double pen = 0;
     if (line.grey != 0) text += fmt::format("<g fill=\"{}\">\n", cssGrey(line.grey));
     for (const Glyph& glyph : line.glyphs) {
-      const std::size_t index = indexOf(used, glyph.face);
+      const std::size_t index = indexOf(used, glyph);
       const std::vector<unsigned short>& drawn = fonts[index].drawn;
       if (std::binary_search(drawn.begin(), drawn.end(), glyph.gid))
         text += useOf(line, glyph, pen, sheet.height, index, fonts[index].unitsPerEm);
