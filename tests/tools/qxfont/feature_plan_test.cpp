@@ -52,5 +52,15 @@ TEST(FeaturePlan, namedFeaturesAreThoseAlone) {
   EXPECT_EQ(names(plan.positions), "kern init rlig");
 }
 
+TEST(FeaturePlan, featuresOfAllTextCanBeSwitched) {
+  const std::string usual = names(textFeatures());
+  EXPECT_EQ(names(textFeatures({})), usual);
+  EXPECT_EQ(names(textFeatures({{layoutTag("smcp"), true}})), usual + " smcp");
+  EXPECT_EQ(names(textFeatures({{layoutTag("smcp"), false}})), usual);
+  const std::string unkerned = names(textFeatures({{layoutTag("kern"), false}}));
+  EXPECT_EQ(unkerned.find("kern"), std::string::npos);
+  EXPECT_EQ(names(textFeatures({{layoutTag("kern"), true}})), unkerned + " kern") << "each once";
+}
+
 }  // namespace
 }  // namespace qxfont

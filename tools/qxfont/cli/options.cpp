@@ -27,6 +27,10 @@ void addFontOptions(CLI::App& command, FontOptions& options) {
       .add_option("FONT", options.font,
                   "a family, full, PostScript or file name, or the path of a font file")
       ->required();
+  addStyleOptions(command, options);
+}
+
+void addStyleOptions(CLI::App& command, FontOptions& options) {
   command.add_option("--weight", options.weight, "weight from 1 to 1000 (normal: 400)")
       ->check(CLI::Range(1, 1000));
   command.add_flag("--italic", options.italic, "the italic face");

@@ -34,6 +34,8 @@ struct OutputOptions {
 
 void addSourceOptions(CLI::App& command, SourceOptions& options);
 void addFontOptions(CLI::App& command, FontOptions& options);
+/// The same without the font itself, for commands that take several.
+void addStyleOptions(CLI::App& command, FontOptions& options);
 void addJsonOption(CLI::App& command, OutputOptions& options);
 void addNdjsonOption(CLI::App& command, OutputOptions& options);
 

@@ -13,6 +13,7 @@ void addCommands(CLI::App& app, Chosen& chosen) {
   addOutlineCommand(app, chosen);
   addEmbedCommand(app, chosen);
   addTypesetCommand(app, chosen);
+  addSpecimenCommand(app, chosen);
   addScanCommand(app, chosen);
   addDoctorCommand(app, chosen);
 }

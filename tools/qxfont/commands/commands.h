@@ -21,6 +21,7 @@ void addShapeCommand(CLI::App& app, Chosen& chosen);
 void addOutlineCommand(CLI::App& app, Chosen& chosen);
 void addEmbedCommand(CLI::App& app, Chosen& chosen);
 void addTypesetCommand(CLI::App& app, Chosen& chosen);
+void addSpecimenCommand(CLI::App& app, Chosen& chosen);
 void addScanCommand(CLI::App& app, Chosen& chosen);
 void addDoctorCommand(CLI::App& app, Chosen& chosen);
 

@@ -149,13 +149,6 @@ Json mapJson(const fs::FS_FontInfo& font, const Form& form, const FormResult& re
   return map;
 }
 
-std::size_t sizeOf(const FormResult& result) {
-  std::size_t size = result.bytes.size();
-  for (std::size_t i = 1; i < result.pages.size(); ++i) size += result.pages[i].program.size();
-  for (const auto& [gid, bytes] : result.glyphFiles) size += bytes.size();
-  return size;
-}
-
 Json pagesJson(const FormResult& result, const std::string& out) {
   Json pages = Json::array();
   for (const Type1Page& page : result.pages) {

@@ -3,12 +3,14 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "qxfont/cli/open_font.h"
 #include "qxfont/cli/options.h"
 #include "qxfont/cli/output.h"
 #include "qxfont/cli/service.h"
 #include "qxfont/commands/commands.h"
+#include "qxfont/shape/feature_list.h"
 #include "qxfont/shape/layout_tag.h"
 
 namespace qxfont {
@@ -22,31 +24,29 @@ struct FeaturesOptions {
   std::string language;
 };
 
-using Info = std::shared_ptr<fs::FS_GSUBGPOSInfo>;
-
-Json tagsOf(const Info& info, unsigned int (*tagAt)(const fs::FS_GSUBGPOSInfo*, int)) {
-  Json tags = Json::array();
-  for (int i = 0; const LayoutTag tag = tagAt(info.get(), i); ++i) tags.push_back(tagText(tag));
-  return tags;
-}
-
-Json resultJson(const Info& info) {
-  using Font = fs::FS_FontInfo;
-  Json json;
-  json["gsub"] = tagsOf(info, &Font::getGSUBFeatureTag);
-  json["gpos"] = tagsOf(info, &Font::getGPOSFeatureTag);
-  json["gsub_default"] = Font::isGSUBDefaultLangSys(info.get());
-  json["gpos_default"] = Font::isGPOSDefaultLangSys(info.get());
+Json tagsJson(const std::vector<LayoutTag>& tags) {
+  Json json = Json::array();
+  for (const LayoutTag tag : tags) json.push_back(tagText(tag));
   return json;
 }
 
-void printTable(const std::string& table, const Json& tags, bool byDefault) {
+Json listJson(const FeatureList& list) {
+  Json json;
+  json["gsub"] = tagsJson(list.gsub);
+  json["gpos"] = tagsJson(list.gpos);
+  if (!list.isLayout) return json;
+  json["gsub_default"] = list.gsubByDefault;
+  json["gpos_default"] = list.gposByDefault;
+  return json;
+}
+
+void printTable(const std::string& table, const std::vector<LayoutTag>& tags, bool byDefault) {
   if (tags.empty()) {
     fmt::print("{}  no lookups\n", table);
     return;
   }
   std::string line;
-  for (const Json& tag : tags) line += " " + tag.get<std::string>();
+  for (const LayoutTag tag : tags) line += " " + tagText(tag);
   fmt::print("{} {}{}\n", table, line, byDefault ? "  (default language system)" : "");
 }
 
@@ -56,14 +56,12 @@ void features(const FeaturesOptions& options) {
   const LayoutTag language = options.language.empty() ? 0 : parseTag(options.language, "--lang");
   Service service(options.source, options.font);
   const OpenFont font = openFont(service, options.font);
-  const Info info(font->getGSUBGPOSInfo(script, language), &fs::FS_FontInfo::deleteGSUBGPOSInfo);
-  Json json{{"gsub", Json::array()}, {"gpos", Json::array()}};
-  if (info) json = resultJson(info);
+  const FeatureList list = featureList(*font, script, language);
   if (options.output.json) {
-    printJson(json);
+    printJson(listJson(list));
   } else {
-    printTable("GSUB", json["gsub"], json.value("gsub_default", false));
-    printTable("GPOS", json["gpos"], json.value("gpos_default", false));
+    printTable("GSUB", list.gsub, list.gsubByDefault);
+    printTable("GPOS", list.gpos, list.gposByDefault);
   }
 }
 

@@ -28,6 +28,7 @@ using Gids = std::vector<unsigned short>;
 using QXFontService_NS::ext::NumberedForm;
 
 constexpr std::size_t kBlock = 8192;
+constexpr std::size_t kGlyphBlock = 512;  // most outlines are short, and there may be thousands
 constexpr NumberedForm kKeepsIds = NumberedForm::subsetFont;
 
 std::string bytesOf(QXMemStream& stream) {
@@ -82,7 +83,7 @@ class GlyphStreams final : public FS_TTGlyphMap {
  public:
   QXMemStream* getGlyphStream(unsigned short gid) override {
     auto& stream = streams_[gid];
-    if (!stream) stream = std::make_unique<QXMemStream>(nullptr, kBlock, false, true);
+    if (!stream) stream = std::make_unique<QXMemStream>(nullptr, kGlyphBlock, false, true);
     return stream.get();
   }
 
@@ -146,6 +147,13 @@ std::string joined(const std::vector<std::string>& names) {
 }
 
 }  // namespace
+
+std::size_t sizeOf(const FormResult& result) {
+  std::size_t size = result.bytes.size();
+  for (std::size_t i = 1; i < result.pages.size(); ++i) size += result.pages[i].program.size();
+  for (const auto& [gid, bytes] : result.glyphFiles) size += bytes.size();
+  return size;
+}
 
 const std::vector<Form>& forms() {
   static const std::vector<Form> all = {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <string>
 #include <vector>
@@ -18,6 +19,9 @@ struct FormResult {
   std::vector<unsigned short> leftOut;               ///< blank glyphs that the form does not need
   std::vector<Type1Page> pages;                      ///< of a Type 1 font; `bytes` is the first
 };
+
+/// The bytes of all its files.
+std::size_t sizeOf(const FormResult& result);
 
 /// Writes a form of a font; false when the font cannot.
 /// @param gids glyph ids; of a form by characters, their pages and codes.

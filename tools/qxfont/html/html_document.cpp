@@ -17,6 +17,7 @@ constexpr const char* kStyle =
     "body{margin:0;background:#ddd}\n"
     ".line{position:absolute;white-space:pre;font-family:f0;line-height:1;font-weight:normal;"
     "font-style:normal;font-synthesis:none;text-rendering:geometricPrecision}\n"
+    ".rule{position:absolute;print-color-adjust:exact}\n"
     ".bidi{unicode-bidi:bidi-override}\n"
     ".missing{display:inline-block;position:relative;color:transparent;white-space:pre}\n"
     ".missing::before{content:\"\";position:absolute;left:.08em;right:.08em;top:.1em;"

@@ -4,11 +4,20 @@
 
 #include <algorithm>
 
+#include "qxfont/html/css_grey.h"
 #include "qxfont/html/html_text.h"
 #include "qxfont/pdf/pdf_number.h"
 
 namespace qxfont {
 namespace {
+
+std::string rectangle(const Rule& rule, const PageSize& sheet) {
+  return fmt::format(
+      "<div class=\"rule\" "
+      "style=\"left:{}pt;top:{}pt;width:{}pt;height:{}pt;background:{}\"></div>\n",
+      pdfNumber(rule.x), pdfNumber(sheet.height - rule.y - rule.height), pdfNumber(rule.width),
+      pdfNumber(rule.height), cssGrey(rule.grey));
+}
 
 /// Writes one line. Where a text runs in two directions, each stretch is told its own, since a
 /// reader who has the line alone cannot know what the whole paragraph made of it.
@@ -32,10 +41,20 @@ class LineWriter {
   [[nodiscard]] std::string openTag(const PageSize& sheet) const {
     const double top = sheet.height - line_.baseline - kHtmlAscent * line_.size;
     const double margin = line_.rightToLeft ? sheet.width - line_.x - line_.width : line_.x;
-    return fmt::format("<div class=\"line{}\"{} style=\"{}:{}pt;top:{}pt;font-size:{}pt\">",
+    return fmt::format("<div class=\"line{}\"{} style=\"{}:{}pt;top:{}pt;font-size:{}pt{}\">",
                        isMixed() ? " bidi" : "", line_.rightToLeft ? " dir=\"rtl\"" : "",
                        line_.rightToLeft ? "right" : "left", pdfNumber(margin), pdfNumber(top),
-                       pdfNumber(line_.size));
+                       pdfNumber(line_.size), appearance());
+  }
+
+  /// What the line has beside its place and size.
+  [[nodiscard]] std::string appearance() const {
+    std::string features;
+    for (const FeatureSwitch& one : line_.switches) {
+      features += fmt::format("{}'{}' {}", features.empty() ? ";font-feature-settings:" : ",",
+                              tagText(one.tag), one.on ? "on" : "off");
+    }
+    return line_.grey != 0 ? ";color:" + cssGrey(line_.grey) + features : features;
   }
 
   [[nodiscard]] bool isMixed() const {
@@ -95,6 +114,7 @@ class LineWriter {
 std::string htmlPage(const Page& page, const PageSize& sheet,
                      const std::vector<UsedGlyphs>& fonts) {
   std::string content;
+  for (const Rule& rule : page.rules) content += rectangle(rule, sheet);
   for (const PlacedLine& line : page.lines) content += LineWriter(line, fonts).write(sheet);
   return content;
 }

@@ -38,7 +38,7 @@ std::string webFontOf(const FontSet& fonts, const UsedGlyphs& used,
   const Form& form = formOf("woff");
   if (!hasForm(font, form, false)) {
     throw ToolError(Status::wrongCall, fmt::format("{} cannot be made a web font", file),
-                    "typeset to .pdf takes more kinds of fonts");
+                    "a .pdf takes more kinds of fonts");
   }
   FormResult result;
   if (!writeForm(font, form, false, glyphsOf(fonts, used, pages), result))

@@ -11,6 +11,15 @@
 namespace qxfont {
 namespace {
 
+std::string grey(double value) {
+  return pdfNumber(value) + " g\n";
+}
+
+std::string rectangle(const Rule& rule) {
+  return fmt::format("{}{} {} {} {} re f\n", grey(rule.grey), pdfNumber(rule.x), pdfNumber(rule.y),
+                     pdfNumber(rule.width), pdfNumber(rule.height));
+}
+
 /// Writes one line glyph by glyph.
 class LineWriter {
  public:
@@ -18,11 +27,13 @@ class LineWriter {
       : line_(line), fonts_(fonts) {}
 
   std::string write() {
-    out_ = fmt::format("BT\n1 0 0 1 {} {} Tm\n", pdfNumber(line_.x), pdfNumber(line_.baseline));
+    out_ = line_.grey != 0 ? grey(line_.grey) : "";
+    out_ += fmt::format("BT\n1 0 0 1 {} {} Tm\n", pdfNumber(line_.x), pdfNumber(line_.baseline));
     for (const Glyph& glyph : line_.glyphs) add(glyph);
     showGlyphs();
     if (rise_ != 0) changeRise(0);
-    return out_ + "ET\n";
+    out_ += "ET\n";
+    return line_.grey != 0 ? out_ + grey(0) : out_;
   }
 
  private:
@@ -92,6 +103,8 @@ class LineWriter {
 
 std::string pageContent(const Page& page, const std::vector<UsedGlyphs>& fonts) {
   std::string content;
+  for (const Rule& rule : page.rules) content += rectangle(rule);
+  if (!page.rules.empty()) content += grey(0);
   for (const PlacedLine& line : page.lines) content += LineWriter(line, fonts).write();
   return content;
 }

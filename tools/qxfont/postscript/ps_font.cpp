@@ -47,7 +47,7 @@ PsFont psFont(const QXFontService_NS::FS_FontInfo& font, UsedGlyphs& used) {
     throw ToolError(Status::wrongCall,
                     fmt::format("{} has TrueType outlines, and PostScript takes those in CFF",
                                 utf8(font.getFontFileName().getLocalPath(true))),
-                    "typeset to .pdf takes both");
+                    "a .pdf takes both");
   }
   CidPostScript resource = cidPostScript(font, used.gids());
   used.codes = {{0, 0}};

@@ -9,6 +9,15 @@
 namespace qxfont {
 namespace {
 
+std::string grey(double value) {
+  return pdfNumber(value) + " setgray\n";
+}
+
+std::string rectangle(const Rule& rule) {
+  return fmt::format("{}{} {} {} {} rectfill\n", grey(rule.grey), pdfNumber(rule.x),
+                     pdfNumber(rule.y), pdfNumber(rule.width), pdfNumber(rule.height));
+}
+
 /// Writes one line; glyphs that stand where the ones before them end are shown together.
 class LineWriter {
  public:
@@ -17,12 +26,13 @@ class LineWriter {
 
   std::string write() {
     double pen = 0;
+    if (line_.grey != 0) out_ += grey(line_.grey);
     for (const Glyph& glyph : line_.glyphs) {
       add(glyph, pen);
       pen += glyph.advance;
     }
     show();
-    return out_;
+    return line_.grey != 0 ? out_ + grey(0) : out_;
   }
 
  private:
@@ -65,6 +75,8 @@ class LineWriter {
 
 std::string psPage(const Page& page, const std::vector<UsedGlyphs>& fonts) {
   std::string content;
+  for (const Rule& rule : page.rules) content += rectangle(rule);
+  if (!page.rules.empty()) content += grey(0);
   for (const PlacedLine& line : page.lines) content += LineWriter(line, fonts).write();
   return content;
 }

@@ -54,6 +54,19 @@ Tags takeStage(const Tags& stage, Tags& wanted) {
 
 }  // namespace
 
+Tags textFeatures() {
+  return wantedFeatures({});
+}
+
+Tags textFeatures(const std::vector<FeatureSwitch>& switches) {
+  Tags tags = textFeatures();
+  for (const FeatureSwitch& one : switches) {
+    tags.erase(std::remove(tags.begin(), tags.end(), one.tag), tags.end());
+    if (one.on) tags.push_back(one.tag);
+  }
+  return tags;
+}
+
 FeaturePlan makeFeaturePlan(const PlanRequest& request) {
   FeaturePlan plan;
   Tags wanted = wantedFeatures(request);

@@ -27,6 +27,18 @@ struct PlanRequest {
   std::optional<std::vector<LayoutTag>> features;
 };
 
+/// A feature that is switched on or off in a text.
+struct FeatureSwitch {
+  LayoutTag tag = 0;
+  bool on = true;
+};
+
+/// The features that all horizontal text wants.
+std::vector<LayoutTag> textFeatures();
+
+/// The same with some switched on or off.
+std::vector<LayoutTag> textFeatures(const std::vector<FeatureSwitch>& switches);
+
 FeaturePlan makeFeaturePlan(const PlanRequest& request);
 
 }  // namespace qxfont

@@ -1,11 +1,16 @@
 #include "qxfont/svg/svg_document.h"
 
 #include <fmt/format.h>
+#include <unicode/uchar.h>
 
 #include <algorithm>
+#include <map>
+
+#include "qxfontservice/ext/numbering.h"
 
 #include "qxfont/cli/status.h"
 #include "qxfont/cli/text.h"
+#include "qxfont/html/css_grey.h"
 #include "qxfont/html/html_text.h"
 #include "qxfont/pdf/pdf_number.h"
 #include "qxfont/svg/glyph_path.h"
@@ -14,6 +19,8 @@ namespace qxfont {
 namespace {
 
 namespace fs = QXFontService_NS;
+
+using GlyphsByCode = std::map<unsigned short, unsigned short>;
 
 constexpr double kPageGap = 12;  // points
 
@@ -27,10 +34,31 @@ std::string scaleNumber(double value) {
   return fmt::format("{:.6g}", value);
 }
 
-std::size_t indexOf(const std::vector<UsedGlyphs>& used, std::size_t face) {
-  std::size_t index = 0;
-  while (index < used.size() && used[index].face != face) ++index;
-  return index;
+/// The characters for which pages ask a Type 1 font, and their mirrors, which stand for them in
+/// text from right to left.
+std::vector<int> charactersOf(const UsedGlyphs& used) {
+  std::vector<int> characters;
+  for (const auto& [code, text] : used.texts) {
+    if (text.isEmpty()) continue;
+    characters.push_back(text.char32At(0));
+    characters.push_back(u_charMirror(text.char32At(0)));
+  }
+  return characters;
+}
+
+/// The glyphs of the font program that pages use: pages know those of a Type 1 font by codes.
+GlyphsByCode programGlyphs(const fs::FS_FontInfo& font, const UsedGlyphs& used) {
+  GlyphsByCode glyphs;
+  if (used.codePage == UsedGlyphs::kNoCodePage) {
+    for (const unsigned short gid : used.gids()) glyphs.emplace(gid, gid);
+    return glyphs;
+  }
+  if (used.texts.count(0) != 0) glyphs.emplace(0, 0);
+  for (const auto& row : fs::ext::numberCharacters(font, charactersOf(used))) {
+    if (row.glyph != fs::FS_NO_GLYPH && used.texts.count(row.code) != 0)
+      glyphs.emplace(row.code, row.glyph);
+  }
+  return glyphs;
 }
 
 std::string useOf(const PlacedLine& line, const Glyph& glyph, double pen, double height,
@@ -40,6 +68,12 @@ std::string useOf(const PlacedLine& line, const Glyph& glyph, double pen, double
   const std::string scale = scaleNumber(line.size / unitsPerEm);
   return fmt::format("<use href=\"#f{}g{}\" transform=\"translate({} {})scale({} -{})\"/>\n", index,
                      glyph.gid, pdfNumber(x), pdfNumber(y), scale, scale);
+}
+
+std::string rectangle(const Rule& rule, double height) {
+  return fmt::format("<rect x=\"{}\" y=\"{}\" width=\"{}\" height=\"{}\" fill=\"{}\"/>\n",
+                     pdfNumber(rule.x), pdfNumber(height - rule.y - rule.height),
+                     pdfNumber(rule.width), pdfNumber(rule.height), cssGrey(rule.grey));
 }
 
 std::string sheet(const PageSize& size) {
@@ -63,8 +97,8 @@ SvgFont svgFont(const fs::FS_FontInfo& font, const UsedGlyphs& used, std::size_t
   SvgFont out;
   out.unitsPerEm = std::max(1, font.getUnitsPerEm());
   fs::FS_GlyphDrawInfo glyph;
-  for (const unsigned short gid : used.gids()) {
-    if (!font.getGlyphDrawInfo(gid, glyph, false)) throw notDrawn(font, gid);
+  for (const auto& [gid, drawn] : programGlyphs(font, used)) {
+    if (!font.getGlyphDrawInfo(drawn, glyph, false)) throw notDrawn(font, drawn);
     if (glyph.contours.empty()) continue;
     out.drawn.push_back(gid);
     out.definitions += fmt::format("<path id=\"f{}g{}\" fill-rule=\"{}\" d=\"{}\"/>\n", index, gid,
@@ -76,15 +110,18 @@ SvgFont svgFont(const fs::FS_FontInfo& font, const UsedGlyphs& used, std::size_t
 std::string svgPage(const Page& page, const PageSize& sheet, const std::vector<UsedGlyphs>& used,
                     const std::vector<SvgFont>& fonts) {
   std::string text;
+  for (const Rule& rule : page.rules) text += rectangle(rule, sheet.height);
   for (const PlacedLine& line : page.lines) {
     double pen = 0;
+    if (line.grey != 0) text += fmt::format("<g fill=\"{}\">\n", cssGrey(line.grey));
     for (const Glyph& glyph : line.glyphs) {
-      const std::size_t index = indexOf(used, glyph.face);
+      const std::size_t index = indexOf(used, glyph);
       const std::vector<unsigned short>& drawn = fonts[index].drawn;
       if (std::binary_search(drawn.begin(), drawn.end(), glyph.gid))
         text += useOf(line, glyph, pen, sheet.height, index, fonts[index].unitsPerEm);
       pen += glyph.advance;
     }
+    if (line.grey != 0) text += "</g>\n";
   }
   return text;
 }

@@ -31,6 +31,10 @@ std::size_t FontSet::faceOf(const FontStyle& style) {
   options.font = style.font;
   options.weight = style.weight;
   options.italic = style.italic;
+  return faceOf(options);
+}
+
+std::size_t FontSet::faceOf(const FontOptions& options) {
   OpenFont opened = openFont(service_, options);
   requireEmbeddable(*opened);
   for (std::size_t i = 0; i < faces_.size(); ++i) {

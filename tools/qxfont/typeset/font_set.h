@@ -14,9 +14,10 @@ class FontSet {
  public:
   explicit FontSet(Service& service) : service_(service) {}
 
-  /// The number of the face that answers a style.
+  /// The number of the face that answers a style or options.
   /// @throws ToolError as `openFont`, and `wrongCall` for a font that cannot be embedded.
   std::size_t faceOf(const FontStyle& style);
+  std::size_t faceOf(const FontOptions& options);
   /// Appends a face to those that lend characters to the others.
   void lend(std::size_t face) { lenders_.push_back(face); }
 

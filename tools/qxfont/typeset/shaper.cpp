@@ -27,6 +27,11 @@ LayoutTag scriptTagOf(const fs::FS_FontInfo& font, UScriptCode script) {
   return kDefaultScript;
 }
 
+bool wantsKerning(const std::vector<FeatureSwitch>& switches) {
+  const std::vector<LayoutTag> tags = textFeatures(switches);
+  return std::find(tags.begin(), tags.end(), layoutTag("kern")) != tags.end();
+}
+
 /// Cuts the text of a run where its glyphs begin.
 class Clusters {
  public:
@@ -40,7 +45,7 @@ class Clusters {
   icu::UnicodeString take(int begin) {
     const auto end = begins_.upper_bound(begin);
     if (end == begins_.end() || !taken_.insert(begin).second) return {};
-    return text_.tempSubStringBetween(begin, *end);
+    return {text_, begin, *end - begin};  // a copy: lines may outlive their text
   }
 
  private:
@@ -56,12 +61,13 @@ bool isInvisible(int codePoint) {
 }
 
 void Shaper::shape(const icu::UnicodeString& text, const Run& run,
-                   std::vector<Glyph>& glyphs) const {
+                   const std::vector<FeatureSwitch>& switches, std::vector<Glyph>& glyphs) const {
   const fs::FS_FontInfo& font = fonts_.font(run.face);
-  if (font.isType1Font()) return shapeType1(font, text, run, glyphs);
+  if (font.isType1Font()) return shapeType1(font, text, run, wantsKerning(switches), glyphs);
   ShapeRequest request;
   request.script = scriptTagOf(font, run.script);
   request.rightToLeft = run.rightToLeft;
+  request.features = textFeatures(switches);
   const auto shaped = LayoutShaper(font, std::move(request)).shape(text, run.begin, run.end);
   Clusters clusters(text, run, shaped);
   for (const ShapedGlyph& one : shaped) {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "qxfont/shape/feature_plan.h"
 #include "qxfont/typeset/font_set.h"
 
 namespace qxfont {
@@ -39,7 +40,9 @@ class Shaper {
   explicit Shaper(const FontSet& fonts) : fonts_(fonts) {}
 
   /// Appends the glyphs of a run, in the order of the text.
-  void shape(const icu::UnicodeString& text, const Run& run, std::vector<Glyph>& glyphs) const;
+  /// @param switches what the text wants beside the features of all text. Type 1 faces know `kern`.
+  void shape(const icu::UnicodeString& text, const Run& run,
+             const std::vector<FeatureSwitch>& switches, std::vector<Glyph>& glyphs) const;
 
  private:
   const FontSet& fonts_;

@@ -43,8 +43,8 @@ double kerningOf(const fs::FS_FontInfo& font, int left, int right) {
 }  // namespace
 
 void shapeType1(const fs::FS_FontInfo& font, const icu::UnicodeString& text, const Run& run,
-                std::vector<Glyph>& glyphs) {
-  const bool kerns = font.hasPairKerningInfo(false) && !run.rightToLeft;
+                bool wantsKerning, std::vector<Glyph>& glyphs) {
+  const bool kerns = wantsKerning && font.hasPairKerningInfo(false) && !run.rightToLeft;
   int last = -1;  // the character before
   for (int i = run.begin; i < run.end; i = text.moveIndex32(i, 1)) {
     const int written = text.char32At(i);
