@@ -17,10 +17,11 @@ enum Form : std::size_t { kInit, kMedi, kFina, kIsol };
 template <class TagOf>
 std::vector<int> lookupsOf(const Tags& wanted, TagOf tagOf) {
   std::vector<int> lookups;
-  for (int i = 0; const unsigned int tag = tagOf(i); ++i) {
+  for (int i = 0;; ++i) {
+    const unsigned int tag = tagOf(i);
+    if (tag == 0) return lookups;
     if (std::find(wanted.begin(), wanted.end(), tag) != wanted.end()) lookups.push_back(i);
   }
-  return lookups;
 }
 
 bool joinsOn(int type) {
