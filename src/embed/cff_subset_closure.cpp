@@ -44,7 +44,7 @@ class CompositeWatcher final : public charstring::FlatTokenSink {
 bool CompositeFinder::readSubrs() {
   const QXCommonNS::QXValue& place = itemOf(source_.info->topDict, Keyword::kPrivate);
   const bool isEmpty = !place.isNull() && FS_Operand(place, 1).getIntegerValue() == 0;
-  if (isEmpty && leave_.emptyPrivate) return true;
+  if (isEmpty && allowed_.emptyPrivate) return true;
   QXCommonNS::QXValue privateMap;
   return cff::readLocalSubrs(source_.table, source_.info->topDict, privateMap, localSubrs_);
 }
@@ -71,7 +71,8 @@ bool CompositeFinder::addParts(std::uint16_t glyph, std::vector<std::uint16_t>& 
 void CompositeFinder::addPart(int code, std::vector<std::uint16_t>& parts) const {
   if (code <= 0 || code > 255) return;
   const std::uint16_t sid = type1::kStandardEncodingSids[static_cast<std::size_t>(code)];
-  const std::uint16_t glyph = leave_.isoAdobe && sid != 0 ? sid : source_.info->getGIDFromCID(sid);
+  const std::uint16_t glyph =
+      allowed_.isoAdobe && sid != 0 ? sid : source_.info->getGIDFromCID(sid);
   if (glyph != kNoGlyph) parts.push_back(glyph);
 }
 

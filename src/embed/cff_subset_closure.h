@@ -14,15 +14,16 @@ namespace QXFontService_NS::embed {
 class CompositeFinder {
  public:
   /// What the format allows and the plain subset does not take: documents rely on its answers.
-  struct Leave {
+  struct Allowances {
     /// The font has the predefined charset 0, in which glyph ids are SIDs; what was read of a font
     /// does not tell of predefined charsets.
     bool isoAdobe = false;
     /// A Private DICT of no bytes has no subroutines, and is no failure.
     bool emptyPrivate = false;
   };
-  explicit CompositeFinder(const CffSubsetSource& source) : CompositeFinder(source, Leave()) {}
-  CompositeFinder(const CffSubsetSource& source, Leave leave) : source_(source), leave_(leave) {}
+  explicit CompositeFinder(const CffSubsetSource& source) : CompositeFinder(source, Allowances()) {}
+  CompositeFinder(const CffSubsetSource& source, Allowances allowed)
+      : source_(source), allowed_(allowed) {}
 
   /// Reads subroutines and the head of the CharStrings INDEX of a name-keyed font.
   [[nodiscard]] bool open();
@@ -35,7 +36,7 @@ class CompositeFinder {
   void addPart(int code, std::vector<std::uint16_t>& parts) const;
 
   const CffSubsetSource& source_;
-  Leave leave_;
+  Allowances allowed_;
   FS_CFFStrings globalSubrs_;
   cff::LocalSubrs localSubrs_;
   FS_CFFIndexHeader charStrings_;

@@ -14,13 +14,13 @@ embed::FontStream openForReading(FS_BaseFont& font) {
 
 std::unique_ptr<outline::GlyphGuard> makeGuard(const FS_TrueTypeInfo* info) {
   auto guard = std::make_unique<outline::GlyphGuard>();
-  if (info != nullptr && info->hasGlyf()) {
+  if (info == nullptr) return guard;
+  if (info->hasGlyf()) {
     guard->setGlyphTables({*info->getTable(sfnt::tagOf("glyf")),
                            *info->getTable(sfnt::tagOf("loca")),
                            info->records().head.indexToLocFormat != 0});
   }
-  if (info != nullptr && info->hasCFF())
-    guard->setCff(*info->getTable(sfnt::tagOf("CFF ")), info->cffFont());
+  if (info->hasCFF()) guard->setCff(*info->getTable(sfnt::tagOf("CFF ")), info->cffFont());
   return guard;
 }
 

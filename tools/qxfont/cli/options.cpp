@@ -44,6 +44,10 @@ void addJsonOption(CLI::App& command, OutputOptions& options) {
   command.add_flag("--json", options.json, "one JSON document on standard output");
 }
 
+void addRestrictedOption(CLI::App& command, bool& allowed) {
+  command.add_flag("--allow-restricted", allowed, "goes on where a font's licence says no");
+}
+
 void addNdjsonOption(CLI::App& command, OutputOptions& options) {
   command.add_flag("--ndjson", options.ndjson, "a JSON document a line");
 }

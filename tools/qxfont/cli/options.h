@@ -38,5 +38,7 @@ void addFontOptions(CLI::App& command, FontOptions& options);
 void addStyleOptions(CLI::App& command, FontOptions& options);
 void addJsonOption(CLI::App& command, OutputOptions& options);
 void addNdjsonOption(CLI::App& command, OutputOptions& options);
+/// For commands that embed: whether to go on where a licence forbids it.
+void addRestrictedOption(CLI::App& command, bool& allowed);
 
 }  // namespace qxfont

@@ -241,8 +241,7 @@ void addEmbedCommand(CLI::App& app, Chosen& chosen) {
   command->add_option("--map", options->map, "writes the numbering as JSON")->type_name("FILE");
   command->add_flag("--as-specified", options->asSpecified,
                     "the specified bytes, where those of strict readers are the default");
-  command->add_flag("--allow-restricted", options->allowRestricted,
-                    "goes on where the font's licence says no");
+  addRestrictedOption(*command, options->allowRestricted);
   addJsonOption(*command, options->output);
   addSourceOptions(*command, options->source);
   command->callback([options, &chosen] { chosen = [options] { embed(*options); }; });

@@ -84,8 +84,7 @@ void addSpecimenCommand(CLI::App& app, Chosen& chosen) {
   command->add_option("-o,--output", options->out, "the .pdf, .html or .svg file to write")
       ->type_name("FILE")
       ->required();
-  command->add_flag("--allow-restricted", options->allowRestricted,
-                    "goes on where a font's licence says no");
+  addRestrictedOption(*command, options->allowRestricted);
   addJsonOption(*command, options->output);
   addSourceOptions(*command, options->source);
   command->callback([options, &chosen] { chosen = [options] { specimen(*options); }; });

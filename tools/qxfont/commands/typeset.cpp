@@ -126,8 +126,7 @@ void addTypesetCommand(CLI::App& app, Chosen& chosen) {
   command->add_option("-o,--output", options->out, "the .pdf, .ps, .html or .svg file to write")
       ->type_name("FILE")
       ->required();
-  command->add_flag("--allow-restricted", options->allowRestricted,
-                    "goes on where a font's licence says no");
+  addRestrictedOption(*command, options->allowRestricted);
   addJsonOption(*command, options->output);
   addSourceOptions(*command, options->source);
   command->callback([options, &chosen] { chosen = [options] { typeset(*options); }; });
